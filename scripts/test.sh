@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# The whole test suite: native debug, sanitized (address + undefined) and
+# armhf under qemu-user. Usage: scripts/test.sh [preset...]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash scripts/setup.sh
+
+presets=("$@")
+((${#presets[@]})) || presets=(debug sanitize armhf)
+jobs=$(nproc 2>/dev/null || echo 2)
+
+for preset in "${presets[@]}"; do
+  echo "=== ${preset}: configure, build, test"
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset" -j "$jobs"
+  ctest --preset "$preset" -j "$jobs"
+done
+echo "=== all presets passed: ${presets[*]}"
