@@ -1,0 +1,18 @@
+/* vantrel DDK: everything a camera plug-in or a host uses.
+   In C this declares the flat C API; in C++ also the classes and records. */
+#ifndef VANTREL_DDK_H
+#define VANTREL_DDK_H
+
+#include "vantrel/api/export.h"
+#include "vantrel/api/handles.h"
+#include "vantrel/api/errors.h"
+#include "vantrel/api/service_provider.h"
+#include "vantrel/api/strings.h"
+#include "vantrel/api/parameters.h"
+
+#ifdef __cplusplus
+#include "vantrel/model/invalid_handle_exception.h"
+#include "vantrel/extensions/iplugin.h"
+#endif
+
+#endif

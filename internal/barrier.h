@@ -1,0 +1,70 @@
+// The exception barrier of the C boundary, written once.
+//
+// Every exported function is either a direct check (tests its pointers and
+// returns) or a body run through guarded(), which turns whatever the body
+// throws into the function's failure value. Handles become records through
+// unwrap() (throws InvalidHandleException on null) or record_of() (null in,
+// null out) declared per handle type by VANTREL_DDK_HANDLE.
+#pragma once
+
+#include <stdexcept>
+#include <type_traits>
+#include <utility>
+
+#include "vantrel/api/errors.h"
+
+namespace vantrel::ddk::internal {
+
+// Status vocabulary of the C boundary.
+inline constexpr int kOk = 0;
+inline constexpr int kFailed = -1;    // null handle, or anything caught inside
+inline constexpr int kRejected = -2;  // argument refused
+
+template <class Body>
+using BodyResult = std::invoke_result_t<Body&>;
+
+// Runs `body`; any exception gives `failure`.
+template <class Body>
+BodyResult<Body> guarded(BodyResult<Body> failure, Body&& body) noexcept {
+  try {
+    return body();
+  } catch (...) {
+    return failure;
+  }
+}
+
+// As guarded(), but a failed range check gives `outOfRange`.
+template <class Body>
+BodyResult<Body> guarded(BodyResult<Body> failure, BodyResult<Body> outOfRange,
+                         Body&& body) noexcept {
+  try {
+    return body();
+  } catch (const std::out_of_range&) {
+    return outOfRange;
+  } catch (...) {
+    return failure;
+  }
+}
+
+// For functions without a result: any failure means nothing is done.
+template <class Body>
+void guarded_void(Body&& body) noexcept {
+  try {
+    body();
+  } catch (...) {
+  }
+}
+
+}  // namespace vantrel::ddk::internal
+
+// One line per handle type: the conversions between a handle and its record.
+#define VANTREL_DDK_HANDLE(Record, Handle)                                  \
+  [[maybe_unused]] inline Record& unwrap(Handle* handle) {                  \
+    return ::vantrel::from_handle<Record>(handle);                          \
+  }                                                                         \
+  [[maybe_unused]] inline Record* record_of(Handle* handle) noexcept {      \
+    return reinterpret_cast<Record*>(handle);                               \
+  }                                                                         \
+  [[maybe_unused]] inline Handle* wrap(Record* record) noexcept {           \
+    return reinterpret_cast<Handle*>(record);                               \
+  }
