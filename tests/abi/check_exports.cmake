@@ -1,0 +1,32 @@
+# Compares the defined dynamic symbols of LIBRARY with the list in EXPECTED.
+# To accept a deliberate change: cmake -DNM=nm -DLIBRARY=... -DEXPECTED=... -DUPDATE=ON -P check_exports.cmake
+execute_process(COMMAND ${NM} -D --defined-only ${LIBRARY}
+                OUTPUT_VARIABLE raw RESULT_VARIABLE rc)
+if(NOT rc EQUAL 0)
+  message(FATAL_ERROR "${NM} failed on ${LIBRARY}")
+endif()
+string(REPLACE "\n" ";" lines "${raw}")
+set(actual)
+foreach(line IN LISTS lines)
+  if(line MATCHES "^[0-9a-fA-F]+ ([A-Za-z]) (.+)$")
+    # The version node itself is an absolute symbol, not part of the interface.
+    if(NOT CMAKE_MATCH_1 STREQUAL "A")
+      list(APPEND actual "${CMAKE_MATCH_2}")
+    endif()
+  endif()
+endforeach()
+list(SORT actual)
+list(REMOVE_DUPLICATES actual)
+list(JOIN actual "\n" actual_text)
+if(UPDATE)
+  file(WRITE ${EXPECTED} "${actual_text}\n")
+  return()
+endif()
+file(READ ${EXPECTED} expected_text)
+string(STRIP "${expected_text}" expected_text)
+if(NOT actual_text STREQUAL expected_text)
+  file(WRITE ${EXPECTED}.actual "${actual_text}\n")
+  message(FATAL_ERROR "Exported symbols differ from ${EXPECTED}; actual list written to ${EXPECTED}.actual\n"
+                      "diff ${EXPECTED} ${EXPECTED}.actual")
+endif()
+message(STATUS "exported symbols match (${EXPECTED})")
