@@ -6,6 +6,8 @@ packages=(
   build-essential cmake pkg-config git
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   g++-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user
+  abigail-tools gcovr clang libclang-rt-14-dev
+  nlohmann-json3-dev libcli11-dev
 )
 missing=()
 for p in "${packages[@]}"; do

@@ -1,0 +1,13 @@
+# Reports the stripped size of the library and fails above the committed budget.
+execute_process(COMMAND ${STRIP} --strip-all -o ${OUTPUT} ${LIBRARY} RESULT_VARIABLE rc)
+if(NOT rc EQUAL 0)
+  message(FATAL_ERROR "strip failed")
+endif()
+file(SIZE ${OUTPUT} size)
+file(READ ${BUDGET_FILE} budget)
+string(STRIP "${budget}" budget)
+math(EXPR kib "${size} / 1024")
+message(STATUS "stripped size: ${size} bytes (${kib} KiB); budget ${budget} bytes")
+if(size GREATER budget)
+  message(FATAL_ERROR "library is ${size} bytes stripped, above the budget of ${budget} bytes (${BUDGET_FILE})")
+endif()
