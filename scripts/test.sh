@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# The whole test suite: native debug, sanitized (address + undefined) and
-# armhf under qemu-user. Usage: scripts/test.sh [preset...]
+# The whole test suite: native debug, sanitized (address + undefined), thread
+# sanitizer, armhf under qemu-user, and a short run of every fuzz target.
+# Usage: scripts/test.sh [preset...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
 
 presets=("$@")
-((${#presets[@]})) || presets=(debug sanitize armhf)
+((${#presets[@]})) || presets=(debug sanitize tsan armhf fuzz)
 jobs=$(nproc 2>/dev/null || echo 2)
 
 for preset in "${presets[@]}"; do

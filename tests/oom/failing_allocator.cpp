@@ -68,7 +68,7 @@ MallocFn real_malloc() {
 
 }  // namespace
 
-// Under AddressSanitizer the C heap belongs to the sanitizer runtime, which
+// Under a sanitizer the C heap belongs to the sanitizer runtime, which
 // allocates before any of this code could run: only operator new is replaced
 // there, and the C heap is covered by the plain build under valgrind.
 #ifndef OOM_OPERATOR_NEW_ONLY
