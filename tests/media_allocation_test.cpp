@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/allocation_failure.h"
@@ -51,18 +52,21 @@ void expect_append_all_or_nothing(const char* what, std::string Record::*text, A
 }
 
 TEST(MediaAllocationFailure, Appends) {
-  expect_append_all_or_nothing<MediaSession, MediaSessionHandle>("media session", &MediaSession::uri, [](auto& v) {
-    return ddk_add_media_session_to_collection(reinterpret_cast<MediaSessionCollectionHandle*>(&v));
-  });
-  expect_append_all_or_nothing<StreamConnectionInfo, StreamConnectionInfoHandle>("stream connection", &StreamConnectionInfo::url, [](auto& v) {
-    return ddk_add_stream_connection_info(reinterpret_cast<StreamConnectionInfosHandle*>(&v));
-  });
+  expect_append_all_or_nothing<MediaSession, MediaSessionHandle>(
+      "media session", &MediaSession::uri, [](auto& v) {
+        return ddk_add_media_session_to_collection(reinterpret_cast<MediaSessionCollectionHandle*>(&v));
+      });
+  expect_append_all_or_nothing<StreamConnectionInfo, StreamConnectionInfoHandle>(
+      "stream connection", &StreamConnectionInfo::url, [](auto& v) {
+        return ddk_add_stream_connection_info(reinterpret_cast<StreamConnectionInfosHandle*>(&v));
+      });
   for (const std::string& text : {std::string("10.0.0.1"), kLong}) {
     expect_all_or_nothing("network address", [&](long allowed) {
       auto addresses = full_vector(std::vector<NetworkAddress>{{1, kOld}});
       auto* h = reinterpret_cast<NetworkAddressCollectionHandle*>(&addresses);
-      const int result = without_memory(
-          [&] { return ddk_append_network_address(h, 2, text.c_str(), static_cast<unsigned>(text.size())); }, allowed);
+      const auto length = static_cast<unsigned>(text.size());
+      const int result =
+          without_memory([&] { return ddk_append_network_address(h, 2, text.c_str(), length); }, allowed);
       if (result == 0) return addresses.size() == 2 && addresses[1].address == text;
       EXPECT_EQ(result, -2);
       EXPECT_EQ(addresses.size(), 1u);
@@ -72,50 +76,43 @@ TEST(MediaAllocationFailure, Appends) {
   }
 }
 
-TEST(MediaAllocationFailure, MediaSessionTexts) {
-  using Setter = int (*)(MediaSessionHandle*, const char*, const uint16_t*);
-  const struct {
-    Setter set;
-    std::string MediaSession::*field;
-  } setters[] = {{ddk_set_media_session_uri, &MediaSession::uri},
-                 {ddk_set_media_session_mime, &MediaSession::mime},
-                 {ddk_set_media_session_stream_token, &MediaSession::streamToken},
-                 {ddk_set_media_session_destination_ip, &MediaSession::destinationIp},
-                 {ddk_set_media_session_id, &MediaSession::id}};
-  for (const auto& s : setters) {
-    expect_all_or_nothing("media session text", [&](long allowed) {
-      MediaSession session;
-      session.*s.field = kOld;
-      const uint16_t n = static_cast<uint16_t>(kLong.size());
-      auto* h = reinterpret_cast<MediaSessionHandle*>(&session);
-      const int result = without_memory([&] { return s.set(h, kLong.c_str(), &n); }, allowed);
-      if (result == 0) return session.*s.field == kLong;
-      EXPECT_EQ(result, -1);
-      EXPECT_EQ(session.*s.field, kOld);
-      return false;
-    });
-  }
+// `set(record, text)` calls one text setter; a failure must leave the field.
+template <class Record, class Set>
+void expect_text_all_or_nothing(std::string Record::*field, Set set) {
+  expect_all_or_nothing("text setter", [&](long allowed) {
+    Record record;
+    record.*field = kOld;
+    const int result = without_memory([&] { return set(record, kLong); }, allowed);
+    if (result == 0) return record.*field == kLong;
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(record.*field, kOld);
+    return false;
+  });
 }
 
-TEST(MediaAllocationFailure, StreamConnectionTexts) {
-  using Setter = int (*)(StreamConnectionInfoHandle*, const char*, unsigned);
-  const struct {
-    Setter set;
-    std::string StreamConnectionInfo::*field;
-  } setters[] = {{ddk_set_stream_connection_info_url, &StreamConnectionInfo::url},
-                 {ddk_set_stream_connection_info_token, &StreamConnectionInfo::token},
-                 {ddk_set_stream_connection_info_mime_type, &StreamConnectionInfo::mimeType}};
-  for (const auto& s : setters) {
-    expect_all_or_nothing("stream connection text", [&](long allowed) {
-      StreamConnectionInfo info;
-      info.*s.field = kOld;
-      auto* h = reinterpret_cast<StreamConnectionInfoHandle*>(&info);
-      const int result =
-          without_memory([&] { return s.set(h, kLong.c_str(), static_cast<unsigned>(kLong.size())); }, allowed);
-      if (result == 0) return info.*s.field == kLong;
-      EXPECT_EQ(result, -1);
-      EXPECT_EQ(info.*s.field, kOld);
-      return false;
+TEST(MediaAllocationFailure, TextSetters) {
+  using SessionSetter = int (*)(MediaSessionHandle*, const char*, const uint16_t*);
+  const std::pair<SessionSetter, std::string MediaSession::*> sessionSetters[] = {
+      {ddk_set_media_session_uri, &MediaSession::uri},
+      {ddk_set_media_session_mime, &MediaSession::mime},
+      {ddk_set_media_session_stream_token, &MediaSession::streamToken},
+      {ddk_set_media_session_destination_ip, &MediaSession::destinationIp},
+      {ddk_set_media_session_id, &MediaSession::id}};
+  for (const auto& s : sessionSetters) {
+    expect_text_all_or_nothing(s.second, [&](MediaSession& r, const std::string& text) {
+      const uint16_t n = static_cast<uint16_t>(text.size());
+      return s.first(reinterpret_cast<MediaSessionHandle*>(&r), text.c_str(), &n);
+    });
+  }
+  using InfoSetter = int (*)(StreamConnectionInfoHandle*, const char*, unsigned);
+  const std::pair<InfoSetter, std::string StreamConnectionInfo::*> infoSetters[] = {
+      {ddk_set_stream_connection_info_url, &StreamConnectionInfo::url},
+      {ddk_set_stream_connection_info_token, &StreamConnectionInfo::token},
+      {ddk_set_stream_connection_info_mime_type, &StreamConnectionInfo::mimeType}};
+  for (const auto& s : infoSetters) {
+    expect_text_all_or_nothing(s.second, [&](StreamConnectionInfo& r, const std::string& text) {
+      return s.first(reinterpret_cast<StreamConnectionInfoHandle*>(&r), text.c_str(),
+                     static_cast<unsigned>(text.size()));
     });
   }
 }

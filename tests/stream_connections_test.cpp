@@ -24,15 +24,7 @@ auto fields(const StreamConnectionInfo& i) {
   return std::tie(i.url, i.mimeType, i.token, i.transmissionMode, i.type);
 }
 
-StreamConnectionInfo filled() {
-  StreamConnectionInfo i;
-  i.url = "rtsp://cam/main";
-  i.mimeType = "video/H264";
-  i.token = "main";
-  i.transmissionMode = 1;
-  i.type = 2;
-  return i;
-}
+StreamConnectionInfo filled() { return {"rtsp://cam/main", "video/H264", "main", 1, 2}; }
 
 TEST(StreamConnectionInfos, AppendCountAndIndex) {
   std::vector<StreamConnectionInfo> infos;
