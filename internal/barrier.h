@@ -46,6 +46,19 @@ BodyResult<Body> guarded(BodyResult<Body> failure, BodyResult<Body> outOfRange,
   }
 }
 
+// As guarded(), but an exception of type Special gives `special`.
+template <class Special, class Body>
+BodyResult<Body> guarded_except(BodyResult<Body> failure, BodyResult<Body> special,
+                                Body&& body) noexcept {
+  try {
+    return body();
+  } catch (const Special&) {
+    return special;
+  } catch (...) {
+    return failure;
+  }
+}
+
 // For functions without a result: any failure means nothing is done.
 template <class Body>
 void guarded_void(Body&& body) noexcept {

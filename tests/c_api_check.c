@@ -74,6 +74,28 @@ int main(void) {
     CHECK(ddk_get_string_list_size(NULL) == 0);
     CHECK(ddk_get_string_at(NULL, 0) == NULL);
 
+    {
+        /* The media session families take C-sized values and fail safely on null handles. */
+        const uint16_t count = 4;
+        const int32_t code = -1;
+        int32_t type = 5;
+        CHECK(ddk_add_media_session_to_collection(NULL) == NULL);
+        CHECK(ddk_set_media_session_mime(NULL, "a/b", &count) == -1);
+        CHECK(ddk_set_media_session_stream_type(NULL, &code) == -1);
+        CHECK(ddk_set_media_session_transmission_mode(NULL, code) == -1);
+        CHECK(ddk_add_stream_connection_info(NULL) == NULL);
+        CHECK(ddk_get_stream_connection_infos_size(NULL) == 0);
+        CHECK(ddk_get_stream_connection_info_at(NULL, 0xFFFFFFFFu) == NULL);
+        CHECK(ddk_set_stream_connection_info_token(NULL, "", 0) == -2);
+        CHECK(ddk_set_stream_connection_info_mime_type(NULL, "video/H264", 10) == -1);
+        CHECK(ddk_set_stream_connection_info_type(NULL, code) == -1);
+        CHECK(ddk_append_network_address(NULL, code, NULL, 0) == -1);
+        CHECK(ddk_get_network_address_collection_size(NULL) == 0);
+        CHECK(ddk_get_network_address_at(NULL, 0) == NULL);
+        CHECK(ddk_get_network_address(NULL) == NULL);
+        CHECK(ddk_get_network_address_type(NULL, &type) == -1 && type == 5);
+    }
+
     list.reserved = NULL;
     list.head = NULL;
     insert_plugin(&list, &code, NULL, &list);

@@ -9,10 +9,16 @@
 #include "vantrel/api/service_provider.h"
 #include "vantrel/api/strings.h"
 #include "vantrel/api/parameters.h"
+#include "vantrel/api/media_sessions.h"
+#include "vantrel/api/stream_connections.h"
+#include "vantrel/api/network_addresses.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
 #include "vantrel/extensions/iplugin.h"
+#include "vantrel/model/media_session.h"
+#include "vantrel/model/network_address.h"
+#include "vantrel/internal/stream_connection_info.h"
 #endif
 
 #endif
