@@ -1,4 +1,5 @@
 #include "failing_allocator.h"
+#include "no_memory.h"
 
 #include <dlfcn.h>
 
@@ -187,3 +188,8 @@ std::size_t for_each_failure(Mode m, const std::function<void()>& reset,
 }
 
 }  // namespace oom
+
+namespace testing_support {
+NoMemory::NoMemory(long allowed) { oom::arm(static_cast<std::size_t>(allowed) + 1, oom::Mode::FromThenOn); }
+NoMemory::~NoMemory() { oom::disarm(); }
+}  // namespace testing_support

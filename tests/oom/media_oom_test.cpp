@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/allocation_failure.h"
+#include "no_memory.h"
 #include "vantrel/ddk.h"
 
 using testing_support::without_memory;

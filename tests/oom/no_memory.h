@@ -1,13 +1,13 @@
-// Allocation failure on demand: the test binary replaces the global
-// operator new, which the library's own allocations reach as well.
+// Allocation failure as a scope: every allocation after the first `allowed`
+// fails (built on the injector of failing_allocator.h).
 #pragma once
 
 #include <utility>
 
 namespace testing_support {
 
-// While an object of this type lives, operator new on this thread succeeds
-// `allowed` more times and then throws std::bad_alloc.
+// While an object of this type lives, allocation succeeds `allowed` more
+// times and then fails.
 class NoMemory {
  public:
   explicit NoMemory(long allowed = 0);
