@@ -9,10 +9,14 @@
 #include "vantrel/api/service_provider.h"
 #include "vantrel/api/strings.h"
 #include "vantrel/api/parameters.h"
+#include "vantrel/api/encoding_type.h"
+#include "vantrel/api/video_configuration.h"
+#include "vantrel/api/video_collections.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
 #include "vantrel/extensions/iplugin.h"
+#include "vantrel/internal/video_stream_configuration.h"
 #endif
 
 #endif

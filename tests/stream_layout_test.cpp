@@ -1,0 +1,77 @@
+// Binary-interface facts of the stream configuration records: field order,
+// widths and sizes on x86-64 (8-byte pointers) and armhf (4-byte pointers).
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <type_traits>
+
+#include "support/vtable.h"
+#include "vantrel/ddk.h"
+
+using testing_support::offset_in;
+
+namespace {
+
+constexpr bool k64 = sizeof(void*) == 8;
+// Offsets per target: {x86-64, armhf}.
+struct Where {
+  std::ptrdiff_t lp64, ilp32;
+  std::ptrdiff_t here() const { return k64 ? lp64 : ilp32; }
+};
+
+TEST(EncodingTypeLayout, SignedThirtyTwoBits) {
+  EXPECT_EQ(sizeof(EncodingType), 4u);
+  EXPECT_TRUE((std::is_same<std::underlying_type<EncodingType>::type, int32_t>::value));
+  EXPECT_EQ(DDK_ENCODING_NONE, 0);
+  EXPECT_EQ(DDK_ENCODING_H264, 1);
+  EXPECT_EQ(DDK_ENCODING_H265, 2);
+}
+
+TEST(VideoStreamConfigurationLayout, TwentyOneFieldsInOrder) {
+  using vantrel::ddk::internal::VideoStreamConfiguration;
+  ASSERT_EQ(sizeof(std::string), k64 ? 32u : 24u);
+  VideoStreamConfiguration c;
+  const struct {
+    const char* field;
+    std::ptrdiff_t offset;
+    std::size_t size;
+    Where expected;
+  } fields[] = {
+      {"streamToken", offset_in(c, c.streamToken), sizeof c.streamToken, {0, 0}},
+      {"bitrate", offset_in(c, c.bitrate), sizeof c.bitrate, {32, 24}},
+      {"timeout", offset_in(c, c.timeout), sizeof c.timeout, {36, 28}},
+      {"encoding", offset_in(c, c.encoding), sizeof c.encoding, {40, 32}},
+      {"descriptiveName", offset_in(c, c.descriptiveName), sizeof c.descriptiveName, {48, 36}},
+      {"multicastAddress", offset_in(c, c.multicastAddress), sizeof c.multicastAddress, {80, 60}},
+      {"multicastPort", offset_in(c, c.multicastPort), sizeof c.multicastPort, {112, 84}},
+      {"multicastTtl", offset_in(c, c.multicastTtl), sizeof c.multicastTtl, {116, 88}},
+      {"mtu", offset_in(c, c.mtu), sizeof c.mtu, {120, 92}},
+      {"multicastFlag", offset_in(c, c.multicastFlag), sizeof c.multicastFlag, {124, 96}},
+      {"width", offset_in(c, c.width), sizeof c.width, {128, 100}},
+      {"height", offset_in(c, c.height), sizeof c.height, {132, 104}},
+      {"framerate", offset_in(c, c.framerate), sizeof c.framerate, {136, 108}},
+      {"gop", offset_in(c, c.gop), sizeof c.gop, {140, 112}},
+      {"gopStructure", offset_in(c, c.gopStructure), sizeof c.gopStructure, {144, 116}},
+      {"profile", offset_in(c, c.profile), sizeof c.profile, {148, 120}},
+      {"imageProcessing", offset_in(c, c.imageProcessing), sizeof c.imageProcessing, {152, 124}},
+      {"signing", offset_in(c, c.signing), sizeof c.signing, {156, 128}},
+      {"dscp", offset_in(c, c.dscp), sizeof c.dscp, {157, 129}},
+      {"rateControl", offset_in(c, c.rateControl), sizeof c.rateControl, {160, 132}},
+      {"reserved", offset_in(c, c.reserved), sizeof c.reserved, {164, 136}},
+  };
+  const std::size_t widths[] = {sizeof(std::string), 4, 4, 4, sizeof(std::string),
+                                sizeof(std::string), 4, 1, 4, 1, 4, 4, 4, 4, 4, 4, 4, 1, 1, 4, 4};
+  for (std::size_t i = 0; i < sizeof fields / sizeof fields[0]; ++i) {
+    SCOPED_TRACE(fields[i].field);
+    EXPECT_EQ(fields[i].offset, fields[i].expected.here());
+    EXPECT_EQ(fields[i].size, widths[i]);
+  }
+  EXPECT_EQ(sizeof(VideoStreamConfiguration), k64 ? 168u : 140u);
+  EXPECT_FALSE(std::is_polymorphic<VideoStreamConfiguration>::value);
+  EXPECT_TRUE(std::is_unsigned<decltype(c.bitrate)>::value);
+  EXPECT_TRUE(std::is_signed<decltype(c.rateControl)>::value);
+}
+
+}  // namespace
