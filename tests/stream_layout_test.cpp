@@ -4,6 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <functional>
+#include <set>
 #include <string>
 #include <type_traits>
 
@@ -72,6 +75,82 @@ TEST(VideoStreamConfigurationLayout, TwentyOneFieldsInOrder) {
   EXPECT_FALSE(std::is_polymorphic<VideoStreamConfiguration>::value);
   EXPECT_TRUE(std::is_unsigned<decltype(c.bitrate)>::value);
   EXPECT_TRUE(std::is_signed<decltype(c.rateControl)>::value);
+}
+
+TEST(ResolutionLayout, WidthThenHeight) {
+  using vantrel::ddk::internal::Resolution;
+  EXPECT_EQ(offsetof(Resolution, width), 0u);
+  EXPECT_EQ(offsetof(Resolution, height), 4u);
+  EXPECT_EQ(sizeof(Resolution), 8u);
+  EXPECT_TRUE(std::is_trivially_copyable<Resolution>::value);
+}
+
+TEST(EncoderOptionsLayout, FlagsSetsRangesSigningResolutions) {
+  using vantrel::ddk::internal::EncoderOptions;
+  using vantrel::ddk::internal::EncoderRange;
+  ASSERT_EQ(sizeof(std::set<int>), k64 ? 48u : 24u);
+  EXPECT_EQ(sizeof(EncoderRange), 12u);
+  EXPECT_EQ(offsetof(EncoderRange, low), 0u);
+  EXPECT_EQ(offsetof(EncoderRange, high), 4u);
+  EXPECT_EQ(offsetof(EncoderRange, thirdValue), 8u);
+  EncoderOptions o;
+  const struct {
+    const char* field;
+    std::ptrdiff_t offset;
+    Where expected;
+  } fields[] = {
+      {"reserved", offset_in(o, o.reserved), {0, 0}},
+      {"hasGopRange", offset_in(o, o.hasGopRange), {4, 4}},
+      {"hasBitrateRange", offset_in(o, o.hasBitrateRange), {5, 5}},
+      {"hasDscpRange", offset_in(o, o.hasDscpRange), {6, 6}},
+      {"hasSigning", offset_in(o, o.hasSigning), {7, 7}},
+      {"encodings", offset_in(o, o.encodings), {8, 8}},
+      {"framerates", offset_in(o, o.framerates), {56, 32}},
+      {"rateControls", offset_in(o, o.rateControls), {104, 56}},
+      {"gopStructures", offset_in(o, o.gopStructures), {152, 80}},
+      {"videoProfiles", offset_in(o, o.videoProfiles), {200, 104}},
+      {"gopRange", offset_in(o, o.gopRange), {248, 128}},
+      {"bitrateRange", offset_in(o, o.bitrateRange), {260, 140}},
+      {"dscpRange", offset_in(o, o.dscpRange), {272, 152}},
+      {"signing", offset_in(o, o.signing), {284, 164}},
+      {"resolutions", offset_in(o, o.resolutions), {288, 168}},
+  };
+  for (const auto& f : fields) {
+    SCOPED_TRACE(f.field);
+    EXPECT_EQ(f.offset, f.expected.here());
+  }
+  EXPECT_EQ(sizeof o.reserved, 4u);
+  EXPECT_EQ(sizeof o.hasSigning, 1u);
+  EXPECT_EQ(sizeof o.signing, 1u);
+  EXPECT_EQ(sizeof(EncoderOptions), k64 ? 336u : 192u);
+  EXPECT_TRUE((std::is_same<decltype(o.encodings), std::set<EncodingType>>::value));
+  EXPECT_TRUE((std::is_same<decltype(o.framerates),
+                            std::set<unsigned int, std::greater<unsigned int>>>::value));
+  EXPECT_TRUE((std::is_same<decltype(o.rateControls), std::set<int>>::value));
+  EXPECT_TRUE((std::is_same<decltype(o.resolutions),
+                            std::set<vantrel::ddk::internal::Resolution,
+                                     std::greater<vantrel::ddk::internal::Resolution>>>::value));
+}
+
+// The filters are private: read the words behind the vtable pointer.
+TEST(VideoOptionsQueryLayout, VptrThenThreeOwnedFiltersThenFlag) {
+  using vantrel::ddk::internal::VideoOptionsQuery;
+  constexpr std::size_t P = sizeof(void*);
+  EXPECT_TRUE(std::is_polymorphic<VideoOptionsQuery>::value);
+  EXPECT_EQ(sizeof(VideoOptionsQuery), 5 * P);
+  VideoOptionsQuery q;
+  q.setResolution(1, 2);
+  q.setEncodingType(DDK_ENCODING_H265);
+  q.setFramerate(25);
+  const void* words[3];
+  std::memcpy(words, reinterpret_cast<const char*>(&q) + P, sizeof words);
+  EXPECT_EQ(words[0], q.resolution());
+  EXPECT_EQ(words[1], q.encodingType());
+  EXPECT_EQ(words[2], q.framerate());
+  bool flag = false;
+  std::memcpy(&flag, reinterpret_cast<const char*>(&q) + 4 * P, 1);
+  EXPECT_TRUE(flag);
+  EXPECT_EQ(testing_support::vtable_index(&VideoOptionsQuery::hasFilters), -1);
 }
 
 }  // namespace

@@ -12,11 +12,15 @@
 #include "vantrel/api/encoding_type.h"
 #include "vantrel/api/video_configuration.h"
 #include "vantrel/api/video_collections.h"
+#include "vantrel/api/encoder_options.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
 #include "vantrel/extensions/iplugin.h"
 #include "vantrel/internal/video_stream_configuration.h"
+#include "vantrel/internal/resolution.h"
+#include "vantrel/internal/encoder_options.h"
+#include "vantrel/internal/video_options_query.h"
 #endif
 
 #endif
