@@ -153,4 +153,46 @@ TEST(VideoOptionsQueryLayout, VptrThenThreeOwnedFiltersThenFlag) {
   EXPECT_EQ(testing_support::vtable_index(&VideoOptionsQuery::hasFilters), -1);
 }
 
+TEST(ProfileSummaryLayout, NameIdFlag) {
+  using vantrel::ddk::internal::ProfileSummary;
+  ProfileSummary p;
+  EXPECT_EQ(offset_in(p, p.name), 0);
+  EXPECT_EQ(offset_in(p, p.id), static_cast<std::ptrdiff_t>(sizeof(std::string)));
+  EXPECT_EQ(offset_in(p, p.flag), static_cast<std::ptrdiff_t>(sizeof(std::string) + 4));
+  EXPECT_EQ(sizeof p.id, 4u);
+  EXPECT_TRUE(std::is_signed<decltype(p.id)>::value);
+  EXPECT_EQ(sizeof p.flag, 1u);
+  EXPECT_EQ(sizeof(ProfileSummary), k64 ? 40u : 32u);
+  EXPECT_FALSE(std::is_polymorphic<ProfileSummary>::value);
+}
+
+TEST(AudioStreamConfigurationLayout, VptrThenSixFields) {
+  using vantrel::AudioStreamConfiguration;
+  constexpr std::ptrdiff_t P = sizeof(void*);
+  EXPECT_TRUE(std::is_polymorphic<AudioStreamConfiguration>::value);
+  AudioStreamConfiguration c;
+  EXPECT_EQ(offset_in(c, c.format), P);
+  EXPECT_EQ(offset_in(c, c.sampleSizeInBits), P + 4);
+  EXPECT_EQ(offset_in(c, c.samplesPerSecond), P + 8);
+  EXPECT_EQ(offset_in(c, c.framesPerKilosecond), P + 12);
+  EXPECT_EQ(offset_in(c, c.bigEndian), P + 14);
+  EXPECT_EQ(offset_in(c, c.vbr), P + 15);
+  EXPECT_EQ(sizeof c.sampleSizeInBits, 2u);
+  EXPECT_EQ(sizeof c.framesPerKilosecond, 2u);
+  EXPECT_EQ(sizeof c.bigEndian, 1u);
+  EXPECT_EQ(sizeof(AudioStreamConfiguration), k64 ? 24u : 20u);
+}
+
+TEST(AudioSourceLayout, FivePlainFields) {
+  using vantrel::AudioSource;
+  EXPECT_EQ(offsetof(AudioSource, type), 0u);
+  EXPECT_EQ(offsetof(AudioSource, sampleSizeInBits), 4u);
+  EXPECT_EQ(offsetof(AudioSource, samplesPerSecond), 8u);
+  EXPECT_EQ(offsetof(AudioSource, channels), 12u);
+  EXPECT_EQ(offsetof(AudioSource, level), 14u);
+  EXPECT_EQ(sizeof(AudioSource), 16u);
+  EXPECT_TRUE(std::is_trivial<AudioSource>::value);
+  EXPECT_TRUE(std::is_standard_layout<AudioSource>::value);
+}
+
 }  // namespace

@@ -13,6 +13,8 @@
 #include "vantrel/api/video_configuration.h"
 #include "vantrel/api/video_collections.h"
 #include "vantrel/api/encoder_options.h"
+#include "vantrel/api/analytics_profiles.h"
+#include "vantrel/api/audio.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -21,6 +23,9 @@
 #include "vantrel/internal/resolution.h"
 #include "vantrel/internal/encoder_options.h"
 #include "vantrel/internal/video_options_query.h"
+#include "vantrel/internal/profile_summary.h"
+#include "vantrel/model/audio_stream_configuration.h"
+#include "vantrel/model/audio_source.h"
 #endif
 
 #endif
