@@ -19,52 +19,30 @@ namespace ddk {
 namespace internal {
 
 struct VideoStreamConfiguration {
-    VideoStreamConfiguration() { reset(); }
-    explicit VideoStreamConfiguration(const std::string& token) : streamToken(token) { reset(); }
+    VideoStreamConfiguration() {}
+    explicit VideoStreamConfiguration(const std::string& token) : streamToken(token) {}
 
-    std::string streamToken;
-    uint32_t bitrate;
-    uint32_t timeout;
-    EncodingType encoding;
+    std::string streamToken; // the key under which the record was added
+    uint32_t bitrate = 0;
+    uint32_t timeout = 900;
+    EncodingType encoding = DDK_ENCODING_NONE;
     std::string descriptiveName;
-    std::string multicastAddress;
-    uint32_t multicastPort;
-    uint8_t multicastTtl;
-    uint32_t mtu;
-    bool multicastFlag;
-    uint32_t width;
-    uint32_t height;
-    uint32_t framerate;
-    uint32_t gop;
-    int32_t gopStructure;
-    int32_t profile;
-    int32_t imageProcessing;
-    bool signing;
-    uint8_t dscp;
-    int32_t rateControl;
-    int32_t reserved; // read and written by no operation
-
-private:
-    void reset() {
-        bitrate = 0;
-        timeout = 900;
-        encoding = DDK_ENCODING_NONE;
-        multicastPort = 0;
-        multicastTtl = 0;
-        mtu = 0;
-        multicastFlag = false;
-        width = 0;
-        height = 0;
-        framerate = 0;
-        gop = 0;
-        gopStructure = 0;
-        profile = 0;
-        imageProcessing = 0;
-        signing = false;
-        dscp = 34;
-        rateControl = 0;
-        reserved = 0;
-    }
+    std::string multicastAddress; // empty: no multicast settings
+    uint32_t multicastPort = 0;
+    uint8_t multicastTtl = 0;
+    uint32_t mtu = 0; // its setter never stores 0, but a new record starts at 0
+    bool multicastFlag = false;
+    uint32_t width = 0;
+    uint32_t height = 0;
+    uint32_t framerate = 0;
+    uint32_t gop = 0;
+    int32_t gopStructure = 0;
+    int32_t profile = 0;
+    int32_t imageProcessing = 0;
+    bool signing = false;
+    uint8_t dscp = 34;
+    int32_t rateControl = 0;
+    int32_t reserved = 0; // read and written by no operation
 };
 
 // Behind VideoStreamConfigurationsHandle: stream token to record.
