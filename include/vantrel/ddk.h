@@ -12,6 +12,7 @@
 #include "vantrel/api/media_sessions.h"
 #include "vantrel/api/stream_connections.h"
 #include "vantrel/api/network_addresses.h"
+#include "vantrel/api/signals.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -19,6 +20,7 @@
 #include "vantrel/model/media_session.h"
 #include "vantrel/model/network_address.h"
 #include "vantrel/internal/stream_connection_info.h"
+#include "vantrel/model/events.h"
 #endif
 
 #endif
