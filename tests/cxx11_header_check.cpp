@@ -25,6 +25,15 @@ int main() {
     } catch (const vantrel::InvalidHandleException&) {
         threw = true;
     }
-    std::puts(threw ? "cxx11_header_check: ok" : "cxx11_header_check: FAILED");
-    return threw ? 0 : 1;
+    // The event records: copyable, the sabotage rule built by the library.
+    const vantrel::SabotageEvent sabotage(1, 2, "a", "b");
+    vantrel::AnalyticsEvent copy = sabotage;
+    vantrel::MotionEvent motion(3);
+    vantrel::MotionEvent motionCopy = motion;
+    const vantrel::DiagnosticsEvent diagnostics(1, 2, 3);
+    const bool events = copy.ruleName == "Camera Sabotage" && motionCopy.value == 3 &&
+                        diagnostics.value == 3;
+    const bool ok = threw && events;
+    std::puts(ok ? "cxx11_header_check: ok" : "cxx11_header_check: FAILED");
+    return ok ? 0 : 1;
 }
