@@ -71,6 +71,8 @@ TEST(AnalyticsEventLayout, VptrTwoValuesFiveStringsThenFlag) {
   };
   expect_fields(fields, {8, 12, 16, 48, 80, 112, 144, 176}, {4, 8, 12, 36, 60, 84, 108, 132});
   EXPECT_EQ(sizeof(AnalyticsEvent), k64 ? 184u : 136u);
+  EXPECT_TRUE((std::is_same<decltype(AnalyticsEvent::value1), uint32_t>::value));
+  EXPECT_TRUE((std::is_same<decltype(AnalyticsEvent::value2), uint32_t>::value));
   EXPECT_TRUE((std::is_same<decltype(AnalyticsEvent::flag), bool>::value));
   EXPECT_TRUE(std::is_polymorphic<AnalyticsEvent>::value);
   EXPECT_TRUE(std::has_virtual_destructor<AnalyticsEvent>::value);
