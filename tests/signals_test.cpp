@@ -141,16 +141,6 @@ TEST(Signals, NullCallbackDoesNothingWhileTheOthersAreSet) {
   }
 }
 
-TEST(Signals, AllCallbacksNullWithContextsSetDoesNothing) {
-  EventHost host;
-  DDKServiceProvider contextsOnly{};
-  contextsOnly.alarmContext = &host.alarm;
-  contextsOnly.motionContext = &host.motion;
-  contextsOnly.analyticsContext = &host.analytics;
-  for (const Signal& s : kSignals) EXPECT_NO_THROW(s.raise(&contextsOnly)) << s.name;
-  EXPECT_TRUE(host.calls.empty());
-}
-
 TEST(Signals, HostCallbackExceptionReachesTheSignaller) {
   for (const Signal& s : kSignals) {
     EventHost host;
@@ -264,18 +254,6 @@ TEST(SabotageSignal, NullTextsGiveEmptyFields) {
   }
 }
 
-TEST(SabotageEventRecord, ConstructionFillsTheFixedRule) {
-  const SabotageEvent e(3, 4, "t1", "t2");
-  EXPECT_EQ(e.value1, 3u);
-  EXPECT_EQ(e.value2, 4u);
-  EXPECT_EQ(e.text1, "t1");
-  EXPECT_EQ(e.text2, "t2");
-  EXPECT_EQ(e.ruleName, "Camera Sabotage");
-  EXPECT_EQ(e.ruleId, "com.tolvo.rule.camerasabotage");
-  EXPECT_EQ(e.numericId, "570445347");
-  EXPECT_FALSE(e.flag);
-}
-
 TEST(MotionSignal, TextsAreCutToTheirByteCounts) {
   const char withNul[] = {'a', '\0', 'b'};
   struct Case {
@@ -301,15 +279,6 @@ TEST(MotionSignal, TextsAreCutToTheirByteCounts) {
     EXPECT_EQ(e.text1, c.expected1) << c.length1;
     EXPECT_EQ(e.text2, c.expected2) << c.length2;
   }
-}
-
-TEST(MotionSignal, SharesItsContextWithTheDetectionStateSignal) {
-  EventHost host;
-  ddk_signal_motion_detected(&host.table, 0, nullptr, 0, nullptr, 0);
-  ddk_signal_motion_detection_enabled(&host.table);
-  ASSERT_EQ(host.calls.size(), 2u);
-  EXPECT_EQ(host.calls[0].context, host.table.motionContext);
-  EXPECT_EQ(host.calls[1].context, host.table.motionContext);
 }
 
 }  // namespace
