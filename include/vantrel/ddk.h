@@ -18,6 +18,7 @@
 #include "vantrel/api/encoder_options.h"
 #include "vantrel/api/analytics_profiles.h"
 #include "vantrel/api/audio.h"
+#include "vantrel/api/signals.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -32,6 +33,7 @@
 #include "vantrel/internal/profile_summary.h"
 #include "vantrel/model/audio_stream_configuration.h"
 #include "vantrel/model/audio_source.h"
+#include "vantrel/model/events.h"
 #endif
 
 #endif
