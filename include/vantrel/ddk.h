@@ -9,10 +9,15 @@
 #include "vantrel/api/service_provider.h"
 #include "vantrel/api/strings.h"
 #include "vantrel/api/parameters.h"
+#include "vantrel/api/motion_regions.h"
+#include "vantrel/api/presets_tours.h"
+#include "vantrel/api/time_zone.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
 #include "vantrel/extensions/iplugin.h"
+#include "vantrel/model/motion_detection_region.h"
+#include "vantrel/model/time_zone.h"
 #endif
 
 #endif
