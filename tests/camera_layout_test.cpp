@@ -65,7 +65,6 @@ TEST(MotionRegionVtable, OnlyTheTwoDestructors) {
   // A derived class's first own virtual lands right after the two destructors.
   EXPECT_EQ(vtable_index(&RegionWithExtraSlot::extra), 2);
   EXPECT_EQ(sizeof(RegionWithExtraSlot), sizeof(MotionDetectionRegion));
-  EXPECT_FALSE(std::is_nothrow_copy_constructible<MotionDetectionRegion>::value);
 }
 
 TEST(TimeZoneLayout, TwoStringsThenFourThirtyTwoBitNumbers) {
