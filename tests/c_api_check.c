@@ -231,6 +231,30 @@ int main(void) {
     free_parameters(&list);
     CHECK(list.head == NULL);
 
+    {
+        const unsigned char* mask = (const unsigned char*)&code;
+        unsigned short mask_size = 9;
+        unsigned int x1 = 5;
+        CHECK(ddk_get_motion_region_list_size(NULL) == 0);
+        CHECK(ddk_append_motion_region(NULL) == NULL);
+        CHECK(ddk_get_motion_region_at(NULL, 0) == NULL);
+        CHECK(ddk_set_motion_region_enabled(NULL) == -1);
+        CHECK(ddk_get_motion_region_enabled(NULL) == 0);
+        CHECK(ddk_set_motion_region_threshold(NULL, 1) == -1);
+        CHECK(ddk_get_motion_region_sensitivity(NULL) == 0);
+        CHECK(ddk_get_motion_region_mask(NULL, &mask, &mask_size) == -1);
+        CHECK(mask == NULL && mask_size == 0);
+        CHECK(ddk_set_motion_region_dimensions(NULL, 0, 0, 1, 1, mask, 1) == -1);
+        CHECK(ddk_get_motion_region_coordinates(NULL, &x1, &x1, &x1, &x1) == -1 && x1 == 5);
+    }
+    CHECK(ddk_set_preset_vector_size(NULL, 3) == -1);
+    CHECK(ddk_set_preset_enabled(NULL, 0) == -1);
+    CHECK(ddk_set_tour_disabled(NULL, 0) == -1);
+    CHECK(ddk_set_timezone_name(NULL, NULL, 4) == -1);
+    CHECK(ddk_get_timezone_dstname(NULL) == NULL);
+    ddk_set_timezone_gmtoffset(NULL, -3600);
+    CHECK(ddk_get_timezone_gmtoffset(NULL) == 0);
+
     if (failures == 0) puts("c_api_check: all checks passed");
     return failures == 0 ? 0 : 1;
 }

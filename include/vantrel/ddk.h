@@ -19,6 +19,9 @@
 #include "vantrel/api/analytics_profiles.h"
 #include "vantrel/api/audio.h"
 #include "vantrel/api/signals.h"
+#include "vantrel/api/motion_regions.h"
+#include "vantrel/api/presets_tours.h"
+#include "vantrel/api/time_zone.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -34,6 +37,8 @@
 #include "vantrel/model/audio_stream_configuration.h"
 #include "vantrel/model/audio_source.h"
 #include "vantrel/model/events.h"
+#include "vantrel/model/motion_detection_region.h"
+#include "vantrel/model/time_zone.h"
 #endif
 
 #endif
