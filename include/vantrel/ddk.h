@@ -19,6 +19,15 @@
 #include "vantrel/model/media_session.h"
 #include "vantrel/model/network_address.h"
 #include "vantrel/internal/stream_connection_info.h"
+#include "vantrel/extensions/alarm_extension.h"
+#include "vantrel/extensions/device_info_extension.h"
+#include "vantrel/extensions/device_management_extension.h"
+#include "vantrel/extensions/image_settings_extension.h"
+#include "vantrel/extensions/media_session_extension.h"
+#include "vantrel/extensions/script_control_extension.h"
+#include "vantrel/extensions/time_management_extension.h"
+#include "vantrel/extensions/video_extension.h"
+#include "vantrel/extensions/zoom_extension.h"
 #endif
 
 #endif
