@@ -190,4 +190,19 @@ TEST(ExtensionLayout, HooksAreInheritedNotOverridden) {
   }
 }
 
+TEST(PluginDescriptorLayout, VersionFirstThenPointers) {
+  constexpr std::size_t P = sizeof(void*);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, abiVersion), 0u);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, size), 4u);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, name), 8u);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, extensionMask), 8 + P);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, create), 8 + 2 * P);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, destroy), 8 + 3 * P);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, start), 8 + 4 * P);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, stop), 8 + 5 * P);
+  EXPECT_EQ(offsetof(DDKPluginDescriptor, extension), 8 + 6 * P);
+  EXPECT_EQ(sizeof(DDKPluginDescriptor), 8 + 7 * P);
+  EXPECT_EQ(DDK_PLUGIN_ABI_VERSION, VANTREL_DDK_VERSION_MAJOR);
+}
+
 }  // namespace

@@ -12,6 +12,7 @@
 #include "vantrel/api/media_sessions.h"
 #include "vantrel/api/stream_connections.h"
 #include "vantrel/api/network_addresses.h"
+#include "vantrel/extensions/plugin_entry.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
