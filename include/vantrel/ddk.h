@@ -18,6 +18,11 @@
 #include "vantrel/api/encoder_options.h"
 #include "vantrel/api/analytics_profiles.h"
 #include "vantrel/api/audio.h"
+#include "vantrel/api/signals.h"
+#include "vantrel/api/motion_regions.h"
+#include "vantrel/api/presets_tours.h"
+#include "vantrel/api/time_zone.h"
+#include "vantrel/extensions/plugin_entry.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -32,6 +37,18 @@
 #include "vantrel/internal/profile_summary.h"
 #include "vantrel/model/audio_stream_configuration.h"
 #include "vantrel/model/audio_source.h"
+#include "vantrel/model/events.h"
+#include "vantrel/model/motion_detection_region.h"
+#include "vantrel/model/time_zone.h"
+#include "vantrel/extensions/alarm_extension.h"
+#include "vantrel/extensions/device_info_extension.h"
+#include "vantrel/extensions/device_management_extension.h"
+#include "vantrel/extensions/image_settings_extension.h"
+#include "vantrel/extensions/media_session_extension.h"
+#include "vantrel/extensions/script_control_extension.h"
+#include "vantrel/extensions/time_management_extension.h"
+#include "vantrel/extensions/video_extension.h"
+#include "vantrel/extensions/zoom_extension.h"
 #endif
 
 #endif
