@@ -730,13 +730,27 @@ DDKError* SimCam::setMotionRegions(const char* sourceToken, MotionDetectionRegio
     if (DDKError* e = findSource(sourceToken, source)) {
         return e;
     }
-    if (regions == nullptr) {
-        return error(kInvalidArgument, "no region list");
+    // Read the host's list through the kit's functions, into regions of our own.
+    std::vector<MotionDetectionRegion> next;
+    const unsigned count = ddk_get_motion_region_list_size(regions);
+    for (unsigned i = 0; i < count; ++i) {
+        MotionDetectionRegionHandle* h = ddk_get_motion_region_at(regions, i);
+        unsigned x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+        const unsigned char* mask = nullptr;
+        uint16_t size = 0;
+        if (ddk_get_motion_region_coordinates(h, &x1, &y1, &x2, &y2) != 0 ||
+            ddk_get_motion_region_mask(h, &mask, &size) != 0) {
+            return error(kInvalidArgument, "unreadable motion region " + std::to_string(i));
+        }
+        MotionDetectionRegion region(ddk_get_motion_region_enabled(h) != 0, ddk_get_motion_region_sensitivity(h),
+                                     ddk_get_motion_region_threshold(h), x1, y1, x2, y2);
+        if (mask != nullptr && !region.setMask(mask, size)) {
+            return error(kInvalidArgument, "motion region " + std::to_string(i) + " has a mask of the wrong size");
+        }
+        next.push_back(region);
     }
-    // The list is the host's own vector of regions.
-    const auto& list = *reinterpret_cast<const std::vector<MotionDetectionRegion>*>(regions);
     std::lock_guard<std::mutex> lock(mutex_);
-    state(*source).regions = list;
+    state(*source).regions = next;
     return nullptr;
 }
 
