@@ -121,28 +121,37 @@ int main(int argc, char** argv) {
     inspect::Options options;
     CLI::App app(kDescription, "ddk-inspect");
     app.footer(kFooter);
-    app.add_option("plugin", options.plugin, "Plug-in shared object (.so) to load");
+    app.add_option("plugin", options.plugin, "Plug-in shared object (.so) to load")->type_name("PLUGIN.so");
     app.add_flag("--json", options.json, "Print the report as JSON instead of text");
     app.add_flag("--check", options.check, "Run the conformance checks; exit 1 when any fails");
     app.add_flag("--list-checks", options.listChecks, "List the checks (those --filter selects) and exit");
-    app.add_option("--filter", options.filter, "Checks to run, GoogleTest filter syntax")->capture_default_str();
+    app.add_option("--filter", options.filter, "Checks to run, GoogleTest filter syntax")
+        ->capture_default_str()
+        ->type_name("PATTERN");
     app.add_option("--events", options.eventsSeconds,
                    "Keep the plug-in running SECONDS after the questions and print events as they arrive")
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::NonNegativeNumber)
+        ->type_name("SECONDS");
     app.add_option("--device-token", options.deviceToken,
                    "Token of the device-wide questions (device information, management, time)")
-        ->capture_default_str();
+        ->capture_default_str()
+        ->type_name("TOKEN");
     app.add_option("--source", options.sources,
-                   "Video source token to ask about (repeatable); default: the sources the plug-in reports");
+                   "Video source token to ask about (repeatable); default: the sources the plug-in reports")
+        ->type_name("TOKEN");
     app.add_option("--query-encoding", options.queryEncoding,
-                   "Encoder-options query: filter on this encoding code");
+                   "Encoder-options query: filter on this encoding code")
+        ->type_name("CODE");
     app.add_option("--query-framerate", options.queryFramerate,
-                   "Encoder-options query: filter on this frame rate");
+                   "Encoder-options query: filter on this frame rate")
+        ->type_name("FPS");
     app.add_option("--query-resolution", options.queryResolution,
-                   "Encoder-options query: filter on this resolution, WIDTHxHEIGHT");
+                   "Encoder-options query: filter on this resolution, WIDTHxHEIGHT")
+        ->type_name("WxH");
     app.add_option("--quiet-ms", options.quietMilliseconds,
                    "Checks: how long to wait for stray events after shutdown, in milliseconds")
-        ->capture_default_str();
+        ->capture_default_str()
+        ->type_name("MS");
 
     try {
         app.parse(argc, argv);
