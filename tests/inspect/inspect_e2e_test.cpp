@@ -180,7 +180,11 @@ TEST(Report, JsonFiguresMatchTheSampleCamera) {
     EXPECT_EQ(media["endpoints"]["video0-mjpeg"].size(), 2u);
     EXPECT_EQ(media["audio"][0]["streams"].size(), 2u);
     EXPECT_EQ(media["audio"][0]["input"]["level"], 75);
-    EXPECT_EQ(media["publicKey"].get<std::string>().rfind("-----BEGIN PUBLIC KEY-----", 0), 0u);
+    // The kit's key, whole: 137 characters on four lines.
+    const std::string key = media["publicKey"].get<std::string>();
+    EXPECT_EQ(key.size(), 137u);
+    EXPECT_EQ(key.rfind("-----BEGIN PUBLIC KEY-----\n", 0), 0u);
+    EXPECT_EQ(std::count(key.begin(), key.end(), '\n'), 3);
 
     EXPECT_EQ(report["deviceInfo"]["manufacturer"], simcam::kManufacturer);
     EXPECT_EQ(report["deviceInfo"]["modelDescription"], simcam::kModelDescription);

@@ -164,10 +164,8 @@ Json answer(const Json& error, const Json& value) { return error.is_null() ? val
 Json readString(const std::string& text) {
     std::string out;
     for (unsigned char c : text) {
-        if (c >= 0x20 && c < 0x7F) {
+        if ((c >= 0x20 && c < 0x7F) || c == '\n' || c == '\t') {
             out += static_cast<char>(c);
-        } else if (c == '\n') {
-            out += "\\n";
         } else {
             char escaped[8];
             std::snprintf(escaped, sizeof escaped, "\\x%02X", c);

@@ -33,7 +33,11 @@ std::string scalar(const Json& value) {
         return "-";
     }
     if (value.is_string()) {
-        const std::string text = value.get<std::string>();
+        // One line per value: line breaks (a PEM key's) show as \n.
+        std::string text;
+        for (char c : value.get<std::string>()) {
+            text += c == '\n' ? std::string("\\n") : c == '\t' ? std::string("\\t") : std::string(1, c);
+        }
         return text.empty() ? "\"\"" : text;
     }
     return value.dump();
@@ -72,12 +76,12 @@ std::string inlineForm(const Json& value) {
 }
 
 // Long masks and keys are cut in the readable form; the JSON keeps them whole.
-std::string shorten(const std::string& text) {
+std::string shorten(const std::string& text, std::size_t originalSize) {
     const std::size_t keep = 48;
     if (text.size() <= keep + 16) {
         return text;
     }
-    return text.substr(0, keep) + "... (" + std::to_string(text.size()) + " characters)";
+    return text.substr(0, keep) + "... (" + std::to_string(originalSize) + " characters)";
 }
 
 // A video stream record on one line.
@@ -114,7 +118,7 @@ void render(std::ostringstream& out, const std::string& label, const Json& value
     }
     const std::string line = inlineForm(value);
     if (isScalar(value) || (!line.empty() && head.size() + line.size() <= kLineWidth + 20)) {
-        out << head << (value.is_string() ? shorten(line) : line) << '\n';
+        out << head << (value.is_string() ? shorten(line, value.get<std::string>().size()) : line) << '\n';
         return;
     }
     std::size_t inner = indent + prefix.size();
