@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The main job: build a release, install it into ./install, and run the
-# example host on the example camera plug-in from the installed tree.
+# The main job: build a release with the inspector and the sample camera,
+# install it into ./install, print what ddk-inspect finds in the sample
+# plug-in, then run the conformance checks on it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
@@ -10,4 +11,6 @@ cmake --preset release -DVANTREL_DDK_BUILD_TESTS=OFF >/dev/null
 cmake --build --preset release -j "$(nproc 2>/dev/null || echo 2)"
 cmake --install build/release --prefix "$prefix" >/dev/null
 echo "installed into $prefix"
-"$prefix/bin/hello_host" "$prefix/lib/vantrel-ddk/plugins/hello_camera.so"
+plugin="$prefix/lib/vantrel-ddk/plugins/simcam.so"
+"$prefix/bin/ddk-inspect" "$plugin"
+"$prefix/bin/ddk-inspect" "$plugin" --check

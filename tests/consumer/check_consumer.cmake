@@ -42,3 +42,19 @@ separate_arguments(san_flags UNIX_COMMAND "${SANITIZE_FLAGS}")
 run(${C_COMPILER} -std=c99 -Wall -Wextra -pedantic -Werror ${san_flags}
     ${SOURCE_DIR}/consumer.c ${pc_flags} -Wl,-rpath,${prefix}/lib -o ${WORK_DIR}/pc-consumer)
 run(${EMULATOR} ${WORK_DIR}/pc-consumer)
+
+# A vendor's start: the sample plug-in copied out of the tree, built against the
+# installed kit, and checked by the installed inspector.
+if(SIMCAM_DIR)
+  foreach(f bin/ddk-inspect lib/vantrel-ddk/plugins/simcam.so)
+    if(NOT EXISTS ${prefix}/${f})
+      message(FATAL_ERROR "not installed: ${f}")
+    endif()
+  endforeach()
+  file(COPY ${SIMCAM_DIR}/ DESTINATION ${WORK_DIR}/my_camera)
+  run(${CMAKE_COMMAND} -S ${WORK_DIR}/my_camera -B ${WORK_DIR}/my_camera-build ${toolchain_arg}
+      -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_ROOT_PATH=${prefix}
+      "-DCMAKE_CXX_FLAGS=${SANITIZE_FLAGS}" "-DCMAKE_MODULE_LINKER_FLAGS=${SANITIZE_FLAGS}")
+  run(${CMAKE_COMMAND} --build ${WORK_DIR}/my_camera-build)
+  run(${EMULATOR} ${prefix}/bin/ddk-inspect ${WORK_DIR}/my_camera-build/simcam.so --check --quiet-ms 100)
+endif()
