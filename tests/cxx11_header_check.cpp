@@ -49,6 +49,11 @@ int main() {
     } catch (const vantrel::InvalidHandleException&) {
         threw = true;
     }
+    try {
+        vantrel::from_handle<std::string>(nullptr);
+        threw = false;
+    } catch (const vantrel::InvalidHandleException&) {
+    }
     // The stream records as a C++11 plug-in uses them.
     vantrel::ddk::internal::VideoStreamConfigurations streams;
     VideoStreamConfigurationHandle* stream = ddk_add_video_stream_to_configurations(

@@ -95,6 +95,11 @@ TEST(FromHandle, NullThrowsWithFixedText) {
   EXPECT_STREQ(vantrel::InvalidHandleException().what(), "DDK Handle is NULL, unable to cast");
 }
 
+TEST(FromHandle, LiteralNullptrCompilesAndThrows) {
+  EXPECT_THROW(vantrel::from_handle<int>(nullptr), vantrel::InvalidHandleException);
+  EXPECT_THROW(vantrel::from_handle<std::string>(nullptr), vantrel::InvalidHandleException);
+}
+
 TEST(FromHandle, NonNullReturnsTheRecordItself) {
   std::string record = "x";
   auto* handle = reinterpret_cast<StringHandle*>(&record);

@@ -6,6 +6,7 @@
 #include "vantrel/api/handles.h"
 
 #ifdef __cplusplus
+#include <cstddef>
 #include <string>
 #include "vantrel/model/invalid_handle_exception.h"
 #endif
@@ -46,13 +47,22 @@ VANTREL_DDK_API bool from_ddk_bool(unsigned char value);
    text or a zero length. */
 VANTREL_DDK_API std::string create_std_string(const char* text, unsigned int length);
 
+namespace detail {
+template <class T, class P>
+T* handle_target(P* handle) { return reinterpret_cast<T*>(handle); }
+/* A literal nullptr as the handle: never reached (it throws first), but it
+   must compile, and no cast turns std::nullptr_t into a pointer by reinterpret. */
+template <class T>
+T* handle_target(std::nullptr_t) { return nullptr; }
+} // namespace detail
+
 /* The record behind a handle. Throws InvalidHandleException for null. */
 template <class T, class H>
 T& from_handle(H handle) {
     if (handle == nullptr) {
         throw InvalidHandleException();
     }
-    return *reinterpret_cast<T*>(handle);
+    return *detail::handle_target<T>(handle);
 }
 
 } // namespace vantrel
