@@ -15,6 +15,11 @@
 
 namespace vantrel::ddk::internal {
 
+// Throws InvalidHandleException. Out of line and cold: the common path of
+// every converting function keeps only the null test, and the throw sequence
+// exists once in the library instead of once per caller.
+[[noreturn]] __attribute__((cold, noinline)) void throw_invalid_handle();
+
 // Status vocabulary of the C boundary.
 inline constexpr int kOk = 0;
 inline constexpr int kFailed = -1;    // null handle, or anything caught inside
@@ -71,9 +76,11 @@ void guarded_void(Body&& body) noexcept {
 }  // namespace vantrel::ddk::internal
 
 // One line per handle type: the conversions between a handle and its record.
+// unwrap() behaves as from_handle<Record>(handle).
 #define VANTREL_DDK_HANDLE(Record, Handle)                                  \
   [[maybe_unused]] inline Record& unwrap(Handle* handle) {                  \
-    return ::vantrel::from_handle<Record>(handle);                          \
+    if (handle == nullptr) ::vantrel::ddk::internal::throw_invalid_handle(); \
+    return *reinterpret_cast<Record*>(handle);                              \
   }                                                                         \
   [[maybe_unused]] inline Record* record_of(Handle* handle) noexcept {      \
     return reinterpret_cast<Record*>(handle);                               \
