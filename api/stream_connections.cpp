@@ -62,7 +62,7 @@ unsigned int ddk_get_stream_connection_infos_size(StreamConnectionInfosHandle* i
 StreamConnectionInfoHandle* ddk_get_stream_connection_info_at(StreamConnectionInfosHandle* infos,
                                                               unsigned int index) {
   return guarded(static_cast<StreamConnectionInfoHandle*>(nullptr),
-                 [&] { return wrap(&unwrap(infos).at(index)); });
+                 [&] { return wrap(element_at(unwrap(infos), index)); });
 }
 
 int ddk_set_stream_connection_info_transmission_mode(StreamConnectionInfoHandle* info, int32_t mode) {

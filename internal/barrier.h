@@ -7,6 +7,7 @@
 // null out) declared per handle type by VANTREL_DDK_HANDLE.
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -19,6 +20,14 @@ namespace vantrel::ddk::internal {
 // every converting function keeps only the null test, and the throw sequence
 // exists once in the library instead of once per caller.
 [[noreturn]] __attribute__((cold, noinline)) void throw_invalid_handle();
+
+// The element at `index`, or null past the end: what at() gives inside a
+// barrier whose range failure is a null result, without raising and catching
+// std::out_of_range.
+template <class Container>
+auto element_at(Container& container, std::size_t index) noexcept -> decltype(&container[0]) {
+  return index < container.size() ? &container[index] : nullptr;
+}
 
 // Status vocabulary of the C boundary.
 inline constexpr int kOk = 0;
