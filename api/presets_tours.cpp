@@ -10,13 +10,14 @@ using namespace vantrel::ddk::internal;
 namespace {
 
 // n + 1 flags in 32-bit arithmetic; resize() keeps the head and adds false.
+// Only the null handle is answered (-1): a failure to grow (allocation, or
+// the length error beyond max_size()) reaches the caller, vector unchanged.
 template <class Handle>
 int resize_flags(Handle* handle, unsigned int n) {
-  return guarded(kFailed, kRejected, [&] {
-    auto& flags = unwrap(handle);
-    flags.resize(static_cast<std::uint32_t>(n + 1U));
-    return kOk;
-  });
+  auto* flags = record_of(handle);
+  if (flags == nullptr) return kFailed;
+  flags->resize(static_cast<std::uint32_t>(n + 1U));
+  return kOk;
 }
 
 // A null handle gives -1, an index not below the size -2 (from at()).

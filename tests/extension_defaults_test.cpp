@@ -212,10 +212,13 @@ TEST(ImageSettingsDefaults, RestoringADefaultIsNotSupported) {
 
 struct ScriptRecorder : testing_support::StubScriptControl {
   std::vector<std::pair<const char*, int>> scripts;
+  // The plug-in's own record, not a heap one: the script operations neither
+  // pass it on nor release it.
+  char text[11] = "motor busy";
+  DDKError busy = {text, 5};
   DDKError* runScript(const char* token, int script) override {
     scripts.emplace_back(token, script);
-    const int code = 5;
-    return ddk_new_error("motor busy", &code);  // never reaches the host
+    return &busy;
   }
 };
 
@@ -238,6 +241,8 @@ TEST(ScriptControlDefaults, EachOperationRunsItsScript) {
     ASSERT_EQ(plugin.scripts.size(), 1u) << c.code;
     EXPECT_EQ(plugin.scripts[0].first, token) << "the token passes through unchanged";
     EXPECT_EQ(plugin.scripts[0].second, c.code);
+    EXPECT_STREQ(plugin.busy.message, "motor busy") << "the record stays the plug-in's";
+    EXPECT_EQ(plugin.busy.code, 5);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -94,6 +95,22 @@ TEST_P(FlagVector, NullHandleIsMinusOne) {
   EXPECT_EQ(f.size(nullptr, 3), -1);
   EXPECT_EQ(f.enable(nullptr, 0), -1);
   EXPECT_EQ(f.disable(nullptr, 0xFFFFFFFFu), -1);
+}
+
+TEST_P(FlagVector, SizeBeyondTheMaximumThrowsToTheCaller) {
+  const Family& f = GetParam();
+  Flags flags(3, true);
+  const Flags before = flags;
+  // Only a 32-bit target has a bit-vector maximum that n + 1 can exceed.
+  if (flags.max_size() >= 0xFFFFFFFFu) GTEST_SKIP() << "max_size " << flags.max_size();
+  const unsigned n = static_cast<unsigned>(flags.max_size());
+  try {
+    f.size(&flags, n);
+    ADD_FAILURE() << "no exception";
+  } catch (const std::length_error& e) {
+    EXPECT_STREQ(e.what(), "vector<bool>::_M_fill_insert");
+  }
+  EXPECT_EQ(flags, before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, FlagVector, testing::ValuesIn(kFamilies),

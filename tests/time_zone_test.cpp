@@ -4,6 +4,7 @@
 #include <climits>
 #include <ostream>
 #include <string>
+#include <type_traits>
 
 #include "vantrel/ddk.h"
 
@@ -82,6 +83,19 @@ TEST(TimeZoneNumbers, EachPairReachesItsOwnFieldUnchanged) {
     p.set(nullptr, 5);
     EXPECT_EQ(p.get(nullptr), 0);
   }
+}
+
+TEST(TimeZoneRecord, PlainAggregateWithZeroDefaults) {
+  // The host builds the record as a plain struct, braces included.
+  EXPECT_TRUE(std::is_aggregate<TimeZone>::value);
+  EXPECT_TRUE((std::is_same<vantrel::ddk::internal::TimeZone, TimeZone>::value))
+      << "reachable with the other records behind handles";
+  TimeZone zone{"CET", "CEST", 3600, 3600, 86, 303};
+  EXPECT_STREQ(ddk_get_timezone_dstname(handle(zone)), "CEST");
+  EXPECT_EQ(ddk_get_timezone_dstend(handle(zone)), 303);
+  const TimeZone fresh;
+  EXPECT_TRUE(fresh.name.empty() && fresh.dstName.empty());
+  EXPECT_EQ(fresh.gmtOffset | fresh.dstOffset | fresh.dstStart | fresh.dstEnd, 0);
 }
 
 }  // namespace

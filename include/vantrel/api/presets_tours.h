@@ -1,6 +1,6 @@
 /* Enabled flags of numbered presets and tours, in host-owned bit vectors
-   (std::vector<bool>). Statuses: 0 success; -1 a null handle or a failure
-   inside (such as memory); -2 an index not below the vector's size. */
+   (std::vector<bool>). Statuses: 0 success; -1 a null handle; -2 an index
+   not below the vector's size. */
 #ifndef VANTREL_API_PRESETS_TOURS_H
 #define VANTREL_API_PRESETS_TOURS_H
 
@@ -13,7 +13,8 @@ extern "C" {
 
 /* Resizes to n + 1 flags (32-bit, wrapping: n = 4294967295 empties the
    vector), so that numbers 0 to n are valid. Kept flags keep their values;
-   new flags are false. */
+   new flags are false. A failure to grow (std::bad_alloc, or std::length_error
+   beyond the vector's maximum size) passes to the caller, vector unchanged. */
 VANTREL_DDK_API int ddk_set_preset_vector_size(PresetVectorHandle* presets, unsigned int n);
 VANTREL_DDK_API int ddk_set_preset_enabled(PresetVectorHandle* presets, unsigned int index);
 VANTREL_DDK_API int ddk_set_preset_disabled(PresetVectorHandle* presets, unsigned int index);

@@ -47,8 +47,9 @@ public:
     virtual DDKError* move(const char* token, int panSpeed, int tiltSpeed) = 0;
     virtual DDKError* stopMove(const char* token) = 0;
 
-    /* Defaults: runScript(token, code) through the virtual table; the result
-       is released and null returned, so these always report success. */
+    /* Defaults: runScript(token, code) through the virtual table; its result
+       is neither passed on nor released, and null is returned, so these
+       always report success. */
     virtual DDKError* activateAuxiliary(const char* token);
     virtual DDKError* deactivateAuxiliary(const char* token);
     virtual DDKError* rotate180Degrees(const char* token);

@@ -12,13 +12,18 @@ namespace vantrel {
 struct TimeZone {
     std::string name;    /* standard-time name; may hold NUL bytes */
     std::string dstName; /* daylight-saving-time name */
-    int gmtOffset;       /* 32-bit */
-    int dstOffset;
-    int dstStart;
-    int dstEnd;
-
-    TimeZone() : gmtOffset(0), dstOffset(0), dstStart(0), dstEnd(0) {}
+    int gmtOffset = 0;   /* 32-bit */
+    int dstOffset = 0;
+    int dstStart = 0;
+    int dstEnd = 0;
 };
+
+/* Also named with the other records behind handles. */
+namespace ddk {
+namespace internal {
+using ::vantrel::TimeZone;
+} // namespace internal
+} // namespace ddk
 
 } // namespace vantrel
 
