@@ -26,13 +26,20 @@ int set_text(MediaSessionHandle* session, const char* text, const uint16_t* leng
   const std::size_t count = *length;
   if (rule == TextRule::kNonEmpty && count == 0) return kFailed;
   if (::strnlen(text, count) < count) return kFailed;
-  // Built aside and moved in (which cannot throw), so a failed copy or a
-  // refused media type leaves the field as it was.
+  if (rule != TextRule::kMediaType) {
+    // assign() builds the new content before releasing the old, so a failed
+    // allocation leaves the field as it was; it reuses the field's storage
+    // when that is large enough.
+    return guarded(kFailed, [&] {
+      (record->*field).assign(text, count);
+      return kOk;
+    });
+  }
+  // The media type is built first and judged after, so a failed copy gives
+  // -1 before a refusal; moving it in cannot throw.
   return guarded(kFailed, [&] {
     std::string value(text, count);
-    if (rule == TextRule::kMediaType && !value.empty() && !vantrel::is_valid_mime_type(value)) {
-      return kRejected;
-    }
+    if (!value.empty() && !vantrel::is_valid_mime_type(value)) return kRejected;
     record->*field = std::move(value);
     return kOk;
   });

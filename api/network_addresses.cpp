@@ -32,7 +32,7 @@ unsigned int ddk_get_network_address_collection_size(NetworkAddressCollectionHan
 NetworkAddressHandle* ddk_get_network_address_at(NetworkAddressCollectionHandle* addresses,
                                                  unsigned int index) {
   return guarded(static_cast<NetworkAddressHandle*>(nullptr),
-                 [&] { return wrap(&unwrap(addresses).at(index)); });
+                 [&] { return wrap(element_at(unwrap(addresses), index)); });
 }
 
 const char* ddk_get_network_address(NetworkAddressHandle* address) {

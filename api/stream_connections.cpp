@@ -21,6 +21,18 @@ enum class TextRule {
 
 int set_text(StreamConnectionInfoHandle* info, const char* text, unsigned int length,
              std::string StreamConnectionInfo::*field, TextRule rule) {
+  if (rule != TextRule::kMediaType) {
+    // Nothing is refused after the copy, and an empty text never allocates,
+    // so assigning in place (no temporary) gives the same result in every
+    // case: assign() builds the new content before releasing the old.
+    if (text == nullptr || length == 0) return rule == TextRule::kUrl ? kFailed : kRejected;
+    return guarded(kFailed, [&] {
+      (unwrap(info).*field).assign(text, length);
+      return kOk;
+    });
+  }
+  // The media type is built first and judged after, so a failed copy gives
+  // -1 before a refusal.
   return guarded(kFailed, [&] {
     std::string value = vantrel::create_std_string(text, length);
     if (value.empty()) return rule == TextRule::kUrl ? kFailed : kRejected;
@@ -50,7 +62,7 @@ unsigned int ddk_get_stream_connection_infos_size(StreamConnectionInfosHandle* i
 StreamConnectionInfoHandle* ddk_get_stream_connection_info_at(StreamConnectionInfosHandle* infos,
                                                               unsigned int index) {
   return guarded(static_cast<StreamConnectionInfoHandle*>(nullptr),
-                 [&] { return wrap(&unwrap(infos).at(index)); });
+                 [&] { return wrap(element_at(unwrap(infos), index)); });
 }
 
 int ddk_set_stream_connection_info_transmission_mode(StreamConnectionInfoHandle* info, int32_t mode) {

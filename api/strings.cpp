@@ -51,8 +51,10 @@ unsigned int ddk_get_string_list_size(StringListHandle* list) {
 }
 
 const char* ddk_get_string_at(StringListHandle* list, unsigned int index) {
-  return guarded(static_cast<const char*>(nullptr),
-                 [&] { return unwrap(list).at(index).c_str(); });
+  return guarded(static_cast<const char*>(nullptr), [&]() -> const char* {
+    const std::string* string = element_at(unwrap(list), index);
+    return string != nullptr ? string->c_str() : nullptr;
+  });
 }
 
 }  // extern "C"

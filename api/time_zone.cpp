@@ -21,10 +21,14 @@ int set_text(TimeZoneHandle* zone, std::string TimeZone::*field, const char* tex
   TimeZone* record = record_of(zone);
   if (record == nullptr) return kFailed;
   if (text == nullptr && length != 0) return kRejected;
-  // The copy is made before the field is touched, so any failure keeps the
-  // old content.
+  // In place, without a temporary: assign() makes the new content before it
+  // releases the old, so any failure keeps the old content.
   return guarded(kRejected, [&] {
-    record->*field = vantrel::create_std_string(text, length);
+    if (length == 0) {
+      (record->*field).clear();
+    } else {
+      (record->*field).assign(text, length);
+    }
     return kOk;
   });
 }

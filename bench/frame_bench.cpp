@@ -14,14 +14,20 @@ namespace {
 const char kText[] = "stream-token-main-1080p";
 const unsigned kLength = sizeof kText - 1;
 
-BASELINE void direct_set_string(std::string& s, const char* text, unsigned length) {
-  s.assign(text, length);
+BASELINE int direct_set_string(std::string* s, const char* text, unsigned length) {
+  if (text == nullptr || length == 0) return -1;
+  if (s == nullptr) return -1;
+  s->assign(text, length);
+  return 0;
 }
-BASELINE void direct_append(std::vector<std::string>& v, const char* text, unsigned length) {
-  v.emplace_back(text, length);
+BASELINE int direct_append(std::vector<std::string>* v, const char* text, unsigned length) {
+  if (text == nullptr || length == 0) return -2;
+  if (v == nullptr) return -1;
+  v->emplace_back(text, length);
+  return 0;
 }
-BASELINE const char* direct_at(std::vector<std::string>& v, unsigned index) {
-  return index < v.size() ? v[index].c_str() : nullptr;
+BASELINE const char* direct_at(std::vector<std::string>* v, unsigned index) {
+  return v != nullptr && index < v->size() ? (*v)[index].c_str() : nullptr;
 }
 BASELINE DDKError* direct_new_error(const char* message, int code) {
   auto* e = static_cast<DDKError*>(std::malloc(sizeof(DDKError)));
@@ -41,10 +47,7 @@ void BM_SetString(benchmark::State& state) {
 }
 void BM_SetString_Baseline(benchmark::State& state) {
   std::string s;
-  for (auto _ : state) {
-    direct_set_string(s, kText, kLength);
-    benchmark::ClobberMemory();
-  }
+  for (auto _ : state) benchmark::DoNotOptimize(direct_set_string(&s, kText, kLength));
 }
 void BM_SetString_NullHandle(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(ddk_set_string(nullptr, kText, kLength));
@@ -52,28 +55,17 @@ void BM_SetString_NullHandle(benchmark::State& state) {
 
 void BM_AppendString(benchmark::State& state) {
   std::vector<std::string> v;
-  v.reserve(1 << 20);
-  for (auto _ : state) {
-    if (v.size() == v.capacity()) {
-      state.PauseTiming();
-      v.clear();
-      state.ResumeTiming();
-    }
+  append_loop(state, v, [&] {
     benchmark::DoNotOptimize(ddk_append_string(reinterpret_cast<StringListHandle*>(&v), kText, kLength));
-  }
+  });
 }
 void BM_AppendString_Baseline(benchmark::State& state) {
   std::vector<std::string> v;
-  v.reserve(1 << 20);
-  for (auto _ : state) {
-    if (v.size() == v.capacity()) {
-      state.PauseTiming();
-      v.clear();
-      state.ResumeTiming();
-    }
-    direct_append(v, kText, kLength);
-    benchmark::ClobberMemory();
-  }
+  append_loop(state, v, [&] { benchmark::DoNotOptimize(direct_append(&v, kText, kLength)); });
+}
+void BM_AppendString_Refused(benchmark::State& state) {
+  std::vector<std::string> v;
+  for (auto _ : state) benchmark::DoNotOptimize(ddk_append_string(reinterpret_cast<StringListHandle*>(&v), kText, 0));
 }
 
 void BM_GetStringAt(benchmark::State& state) {
@@ -82,7 +74,12 @@ void BM_GetStringAt(benchmark::State& state) {
 }
 void BM_GetStringAt_Baseline(benchmark::State& state) {
   std::vector<std::string> v(16, kText);
-  for (auto _ : state) benchmark::DoNotOptimize(direct_at(v, 7));
+  for (auto _ : state) benchmark::DoNotOptimize(direct_at(&v, 7));
+}
+void BM_GetStringAt_BaselineIndirect(benchmark::State& state) {
+  std::vector<std::string> v(16, kText);
+  auto call = opaque(&direct_at);
+  for (auto _ : state) benchmark::DoNotOptimize(call(&v, 7));
 }
 void BM_GetStringAt_OutOfRange(benchmark::State& state) {
   std::vector<std::string> v(16, kText);
@@ -112,6 +109,13 @@ void BM_Log_Baseline(benchmark::State& state) {
   for (auto _ : state) direct_log(&table, 2, kText);
 }
 
+void BM_Log_BaselineIndirect(benchmark::State& state) {
+  DDKServiceProvider table{};
+  table.logCallback = &sink;
+  auto call = opaque(&direct_log);
+  for (auto _ : state) call(&table, 2, kText);
+}
+
 }  // namespace
 
 BENCHMARK(BM_SetString);
@@ -119,10 +123,13 @@ BENCHMARK(BM_SetString_Baseline);
 BENCHMARK(BM_SetString_NullHandle);
 BENCHMARK(BM_AppendString);
 BENCHMARK(BM_AppendString_Baseline);
+BENCHMARK(BM_AppendString_Refused);
 BENCHMARK(BM_GetStringAt);
 BENCHMARK(BM_GetStringAt_Baseline);
+BENCHMARK(BM_GetStringAt_BaselineIndirect);
 BENCHMARK(BM_GetStringAt_OutOfRange);
 BENCHMARK(BM_NewFreeError);
 BENCHMARK(BM_NewFreeError_Baseline);
 BENCHMARK(BM_Log);
 BENCHMARK(BM_Log_Baseline);
+BENCHMARK(BM_Log_BaselineIndirect);

@@ -7,6 +7,7 @@
 // null out) declared per handle type by VANTREL_DDK_HANDLE.
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -14,6 +15,19 @@
 #include "vantrel/api/errors.h"
 
 namespace vantrel::ddk::internal {
+
+// Throws InvalidHandleException. Out of line and cold: the common path of
+// every converting function keeps only the null test, and the throw sequence
+// exists once in the library instead of once per caller.
+[[noreturn]] __attribute__((cold, noinline)) void throw_invalid_handle();
+
+// The element at `index`, or null past the end: what at() gives inside a
+// barrier whose range failure is a null result, without raising and catching
+// std::out_of_range.
+template <class Container>
+auto element_at(Container& container, std::size_t index) noexcept -> decltype(&container[0]) {
+  return index < container.size() ? &container[index] : nullptr;
+}
 
 // Status vocabulary of the C boundary.
 inline constexpr int kOk = 0;
@@ -71,9 +85,11 @@ void guarded_void(Body&& body) noexcept {
 }  // namespace vantrel::ddk::internal
 
 // One line per handle type: the conversions between a handle and its record.
+// unwrap() behaves as from_handle<Record>(handle).
 #define VANTREL_DDK_HANDLE(Record, Handle)                                  \
   [[maybe_unused]] inline Record& unwrap(Handle* handle) {                  \
-    return ::vantrel::from_handle<Record>(handle);                          \
+    if (handle == nullptr) ::vantrel::ddk::internal::throw_invalid_handle(); \
+    return *reinterpret_cast<Record*>(handle);                              \
   }                                                                         \
   [[maybe_unused]] inline Record* record_of(Handle* handle) noexcept {      \
     return reinterpret_cast<Record*>(handle);                               \
