@@ -260,6 +260,8 @@ TEST(VideoOptionsQuery, EqualityRules) {
   encoding1.setEncodingType(DDK_ENCODING_H264);
   EXPECT_FALSE(none1 == rate30);
   EXPECT_FALSE(rate30 == none1);
+  EXPECT_NE(none1, rate30);  // != is the negation of ==
+  EXPECT_FALSE(none1 != none2);
   // A filter that only one side has does not make them differ.
   EXPECT_TRUE(rate30 == encoding1);
   EXPECT_TRUE(rate30 == rate30);

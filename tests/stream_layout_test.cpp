@@ -183,8 +183,12 @@ TEST(AudioStreamConfigurationLayout, VptrThenSixFields) {
   EXPECT_EQ(sizeof(AudioStreamConfiguration), k64 ? 24u : 20u);
 }
 
+// A record of the C boundary: reachable both as ::AudioSource, like the
+// handle types, and as vantrel::AudioSource, next to the stream configurations.
+static_assert(std::is_same<::AudioSource, vantrel::AudioSource>::value,
+              "one AudioSource type under both names");
+
 TEST(AudioSourceLayout, FivePlainFields) {
-  using vantrel::AudioSource;
   EXPECT_EQ(offsetof(AudioSource, type), 0u);
   EXPECT_EQ(offsetof(AudioSource, sampleSizeInBits), 4u);
   EXPECT_EQ(offsetof(AudioSource, samplesPerSecond), 8u);

@@ -32,6 +32,7 @@ public:
     // A filter present in only one of the two queries does not make them differ;
     // resolutions compare by width and height, not by pixel count.
     bool operator==(const VideoOptionsQuery& other) const;
+    bool operator!=(const VideoOptionsQuery& other) const { return !(*this == other); }
 
 private:
     Resolution* resolution_;

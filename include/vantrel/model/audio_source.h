@@ -4,8 +4,8 @@
 
 #include <stdint.h>
 
-namespace vantrel {
-
+// A plain record of the C boundary, so it lives in the global namespace like
+// the handle types; vantrel::AudioSource names the same type.
 struct AudioSource {
     uint32_t type; // 0 is no type; other codes are agreed with the host
     uint16_t sampleSizeInBits;
@@ -13,6 +13,10 @@ struct AudioSource {
     uint16_t channels;
     uint16_t level; // 0 to 100
 };
+
+namespace vantrel {
+
+using ::AudioSource;
 
 } // namespace vantrel
 
