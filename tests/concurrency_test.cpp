@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -38,6 +39,45 @@ TEST(Concurrency, IndependentContainersPerThread) {
       }
       free_parameters(&params);
       if (list.size() != static_cast<std::size_t>(kRounds) || text != word) ++failures;
+    });
+  }
+  for (auto& th : threads) th.join();
+  EXPECT_EQ(failures.load(), 0);
+}
+
+// Every thread fills its own media collections; the shared media type check
+// keeps no state between calls.
+TEST(Concurrency, IndependentMediaCollectionsPerThread) {
+  std::vector<std::thread> threads;
+  std::atomic<int> failures{0};
+  for (int t = 0; t < kThreads; ++t) {
+    threads.emplace_back([&failures, t] {
+      std::vector<vantrel::MediaSession> sessions;
+      std::vector<vantrel::ddk::internal::StreamConnectionInfo> infos;
+      std::vector<vantrel::NetworkAddress> addresses;
+      const std::string uri = "rtsp://camera/" + std::to_string(t) + std::string(40, 'u');
+      const uint16_t uriLength = static_cast<uint16_t>(uri.size());
+      const int32_t state = t;
+      for (int i = 0; i < kRounds; ++i) {
+        MediaSessionHandle* s =
+            ddk_add_media_session_to_collection(reinterpret_cast<MediaSessionCollectionHandle*>(&sessions));
+        StreamConnectionInfoHandle* info =
+            ddk_add_stream_connection_info(reinterpret_cast<StreamConnectionInfosHandle*>(&infos));
+        auto* list = reinterpret_cast<NetworkAddressCollectionHandle*>(&addresses);
+        if (ddk_set_media_session_uri(s, uri.c_str(), &uriLength) != 0 ||
+            ddk_set_media_session_stream_state(s, &state) != 0 ||
+            ddk_set_stream_connection_info_mime_type(info, "video/H264", 10) != 0 ||
+            ddk_append_network_address(list, t, uri.c_str(), uriLength) != 0 ||
+            ddk_get_network_address_collection_size(list) != static_cast<unsigned>(i + 1)) {
+          ++failures;
+        }
+      }
+      for (const auto& s : sessions) {
+        if (s.uri != uri || s.streamState != state) ++failures;
+      }
+      if (infos.size() != static_cast<std::size_t>(kRounds) || infos.back().mimeType != "video/H264") {
+        ++failures;
+      }
     });
   }
   for (auto& th : threads) th.join();
