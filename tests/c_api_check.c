@@ -37,6 +37,9 @@ int main(void) {
     PluginParameters list;
     DDKError* error;
     ddk_bool flag = 1;
+    EncodingType encoding = DDK_ENCODING_H264;
+    unsigned int value = 0;
+    unsigned int format = 3;
 
     /* Every callback slot accepts a C function of the documented C shape. */
     memset(&table, 0, sizeof table);
@@ -95,6 +98,32 @@ int main(void) {
         CHECK(ddk_get_network_address(NULL) == NULL);
         CHECK(ddk_get_network_address_type(NULL, &type) == -1 && type == 5);
     }
+    /* Stream configuration families: null handles give their failure values. */
+    CHECK(sizeof(EncodingType) == 4 && (EncodingType)-1 < 0);
+    CHECK(DDK_ENCODING_NONE == 0 && DDK_ENCODING_H264 == 1 && DDK_ENCODING_H265 == 2);
+    CHECK(ddk_video_set_encoding(NULL, DDK_ENCODING_NONE) == -2);
+    CHECK(ddk_video_set_encoding(NULL, encoding) == -1);
+    CHECK(ddk_video_get_encoding(NULL, &encoding) == -1);
+    CHECK(ddk_video_set_dscp(NULL, 64) == -2);
+    CHECK(ddk_video_get_timeout(NULL) == 900);
+    CHECK(ddk_video_get_mtu(NULL) == 1500);
+    CHECK(ddk_video_get_multicast(NULL, &value, NULL, &flag) == NULL);
+    ddk_video_set_descriptive_name(NULL, "x", 1);
+    CHECK(ddk_add_video_stream_to_configurations(NULL, "main", 4) == NULL);
+    CHECK(ddk_add_to_presets(NULL, "day", 3) == NULL);
+    CHECK(ddk_get_video_stream_configurations_count(NULL) == 0);
+    CHECK(ddk_get_video_stream_configuration_at(NULL, 0) == NULL);
+    CHECK(ddk_get_video_stream_configuration(NULL, "main") == NULL);
+    CHECK(ddk_add_encoding_to_encoder_options(NULL, DDK_ENCODING_NONE) == -2);
+    CHECK(ddk_add_resolution_to_encoder_options(NULL, 640, 480) == -1);
+    CHECK(ddk_set_signing_on_encoder_options(NULL, flag) == -1);
+    CHECK(ddk_get_encoder_query_encoding(NULL, &encoding) == -1);
+    CHECK(ddk_get_encoder_query_video_resolution(NULL, &value, &value) == -1);
+    CHECK(ddk_add_video_analytics_profile(NULL, "p", 1, 1) == NULL);
+    CHECK(ddk_add_audio_to_configurations(NULL, "mic", 3) == NULL);
+    CHECK(ddk_audio_set_format(NULL, &format) == -1);
+    CHECK(ddk_audio_set_source_level(NULL, 101) == -2);
+    CHECK(ddk_audio_enable_vbr(NULL) == -1);
 
     list.reserved = NULL;
     list.head = NULL;

@@ -25,6 +25,23 @@ int main() {
     } catch (const vantrel::InvalidHandleException&) {
         threw = true;
     }
+    // The stream records as a C++11 plug-in uses them.
+    vantrel::ddk::internal::VideoStreamConfigurations streams;
+    VideoStreamConfigurationHandle* stream = ddk_add_video_stream_to_configurations(
+        reinterpret_cast<VideoStreamConfigurationsHandle*>(&streams), "main", 4);
+    if (&vantrel::from_handle<vantrel::ddk::internal::VideoStreamConfiguration>(stream) != &streams["main"]) return 1;
+    vantrel::ddk::internal::VideoAnalyticsProfiles profiles;
+    if (&vantrel::from_handle<vantrel::ddk::internal::VideoAnalyticsProfiles>(
+            reinterpret_cast<VideoAnalyticsProfilesHandle*>(&profiles)) != &profiles) return 1;
+    vantrel::ddk::internal::EncoderOptions options;
+    options.resolutions.insert(vantrel::ddk::internal::Resolution(640, 480));
+    vantrel::ddk::internal::VideoOptionsQuery query;
+    query.setEncodingType(DDK_ENCODING_H265);
+    vantrel::ddk::internal::VideoOptionsQuery copy(query);
+    vantrel::AudioStreamConfigurations audio;
+    audio["mic"].vbr = true;
+    vantrel::AudioSource source = vantrel::AudioSource();
+    if (!(copy == query) || !audio["mic"].bigEndian || source.level != 0) return 1;
     std::puts(threw ? "cxx11_header_check: ok" : "cxx11_header_check: FAILED");
     return threw ? 0 : 1;
 }

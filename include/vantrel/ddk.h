@@ -12,6 +12,12 @@
 #include "vantrel/api/media_sessions.h"
 #include "vantrel/api/stream_connections.h"
 #include "vantrel/api/network_addresses.h"
+#include "vantrel/api/encoding_type.h"
+#include "vantrel/api/video_configuration.h"
+#include "vantrel/api/video_collections.h"
+#include "vantrel/api/encoder_options.h"
+#include "vantrel/api/analytics_profiles.h"
+#include "vantrel/api/audio.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -19,6 +25,13 @@
 #include "vantrel/model/media_session.h"
 #include "vantrel/model/network_address.h"
 #include "vantrel/internal/stream_connection_info.h"
+#include "vantrel/internal/video_stream_configuration.h"
+#include "vantrel/internal/resolution.h"
+#include "vantrel/internal/encoder_options.h"
+#include "vantrel/internal/video_options_query.h"
+#include "vantrel/internal/profile_summary.h"
+#include "vantrel/model/audio_stream_configuration.h"
+#include "vantrel/model/audio_source.h"
 #endif
 
 #endif
