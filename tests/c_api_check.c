@@ -3,6 +3,7 @@
 #include <vantrel/ddk.h>
 
 #include <stddef.h>
+#include <stdint.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -22,12 +23,69 @@ static void on_log(void* context, int level, const char* message) {
     logged_level = level;
 }
 
+/* The records C++ passes by value, as a C host reads them through the
+   pointer it receives: a std::string is a data pointer, a length and a
+   16-byte local buffer. */
+struct cxx_string {
+    const char* data;
+    size_t length;
+    union {
+        char local[16];
+        size_t capacity;
+    } u;
+};
+struct diagnostics_view {
+    const void* vptr;
+    uint8_t byte1;
+    uint8_t byte2;
+    uint32_t value;
+};
+struct analytics_view {
+    const void* vptr;
+    uint32_t value1;
+    uint32_t value2;
+    struct cxx_string text1, ruleName, ruleId, numericId, text2;
+    unsigned char flag;
+};
+struct motion_view {
+    uint32_t value;
+    struct cxx_string text1;
+    struct cxx_string text2;
+};
+
+static int same_text(const struct cxx_string* s, const char* text) {
+    const size_t n = strlen(text);
+    return s->length == n && memcmp(s->data, text, n) == 0 && s->data[n] == '\0';
+}
+
+/* What the event callbacks received; each keeps a copy or a verdict. */
+static struct diagnostics_view diagnostics_seen;
+static int analytics_ok = -1;
+static int motion_ok = -1;
+static int refreshes = 0;
+
 static void on_alarm(void* context, AlarmEvent event) { *(AlarmEvent*)context = event; }
-static void on_motion(void* context, const DDKMotionEventArg* event) { (void)context; (void)event; }
-static void on_analytics(void* context, const DDKAnalyticsEventArg* event) { (void)context; (void)event; }
-static void on_diagnostics(void* context, const DDKDiagnosticsEventArg* event) { (void)context; (void)event; }
-static void on_state(void* context, int enabled) { (void)context; (void)enabled; }
-static void on_refresh(void* context) { (void)context; }
+static void on_motion(void* context, const DDKMotionEventArg* event) {
+    const struct motion_view* view = (const struct motion_view*)(const void*)event;
+    motion_ok = context == (void*)&motion_ok && view->value == 77 && same_text(&view->text1, "xyz") &&
+                same_text(&view->text2, "");
+}
+static void on_analytics(void* context, const DDKAnalyticsEventArg* event) {
+    const struct analytics_view* view = (const struct analytics_view*)(const void*)event;
+    analytics_ok = context == (void*)&analytics_ok && view->vptr != NULL && view->value1 == 5 &&
+                   view->value2 == 0xFFFFFFFFu && same_text(&view->text1, "last") &&
+                   same_text(&view->ruleName, "Camera Sabotage") &&
+                   same_text(&view->ruleId, "com.tolvo.rule.camerasabotage") &&
+                   same_text(&view->numericId, "570445347") && same_text(&view->text2, "first") &&
+                   view->flag == 0;
+}
+static void on_diagnostics(void* context, const DDKDiagnosticsEventArg* event) {
+    (void)context;
+    diagnostics_seen = *(const struct diagnostics_view*)(const void*)event;
+}
+/* Appends the flag as a decimal digit to the context's number. */
+static void on_state(void* context, int enabled) { *(int*)context = *(int*)context * 10 + enabled; }
+static void on_refresh(void* context) { *(int*)context += 1; }
 
 int main(void) {
     int code = 11;
@@ -53,6 +111,9 @@ int main(void) {
     table.logCallback = on_log;
     table.alarmContext = &alarm;
     table.logContext = &log_count;
+    table.motionContext = &motion_ok;
+    table.analyticsContext = &analytics_ok;
+    table.refreshDdfContext = &refreshes;
 
     CHECK(sizeof(DDKServiceProvider) == 15 * sizeof(void*));
     CHECK(offsetof(DDKServiceProvider, logContext) == 14 * sizeof(void*));
@@ -125,6 +186,42 @@ int main(void) {
     CHECK(ddk_audio_set_source_level(NULL, 101) == -2);
     CHECK(ddk_audio_enable_vbr(NULL) == -1);
 
+    {
+        /* Every signal reaches its C callback; the records arrive by address. */
+        const AlarmEvent raised = {3, 1, 1, 1700000000u};
+        int audio = 1, motion_state = 1;
+        AlarmEvent* received = &alarm;
+        memset(&alarm, 0, sizeof alarm);
+        ddk_signal_alarm(&table, raised);
+        CHECK(memcmp(received, &raised, sizeof raised) == 0);
+
+        table.audioContext = &audio;
+        ddk_signal_audio_enabled(&table);
+        ddk_signal_audio_disabled(&table);
+        CHECK(audio == 110);
+        table.motionContext = &motion_state;
+        ddk_signal_motion_detection_disabled(&table);
+        ddk_signal_motion_detection_enabled(&table);
+        CHECK(motion_state == 101);
+        table.motionContext = &motion_ok;
+        ddk_signal_refresh_ddf(&table);
+        CHECK(refreshes == 1);
+
+        ddk_signal_video_loss_event(&table, 1, 7, 123456u);
+        CHECK(diagnostics_seen.vptr != NULL);
+        CHECK(diagnostics_seen.byte1 == 1 && diagnostics_seen.byte2 == 7);
+        CHECK(diagnostics_seen.value == 123456u);
+        ddk_signal_sabotage_event(&table, "first", 5, 0xFFFFFFFFu, "last");
+        CHECK(analytics_ok == 1);
+        ddk_signal_motion_detected(&table, 77, "xyzzy", 3, NULL, 4);
+        CHECK(motion_ok == 1);
+
+        ddk_signal_refresh_ddf(NULL);
+        table.refreshDdfCallback = NULL;
+        ddk_signal_refresh_ddf(&table);
+        CHECK(refreshes == 1);
+    }
+
     list.reserved = NULL;
     list.head = NULL;
     insert_plugin(&list, &code, NULL, &list);
@@ -133,6 +230,30 @@ int main(void) {
     CHECK(list.head != NULL && list.head->next != NULL && list.head->next->param2 == &code);
     free_parameters(&list);
     CHECK(list.head == NULL);
+
+    {
+        const unsigned char* mask = (const unsigned char*)&code;
+        unsigned short mask_size = 9;
+        unsigned int x1 = 5;
+        CHECK(ddk_get_motion_region_list_size(NULL) == 0);
+        CHECK(ddk_append_motion_region(NULL) == NULL);
+        CHECK(ddk_get_motion_region_at(NULL, 0) == NULL);
+        CHECK(ddk_set_motion_region_enabled(NULL) == -1);
+        CHECK(ddk_get_motion_region_enabled(NULL) == 0);
+        CHECK(ddk_set_motion_region_threshold(NULL, 1) == -1);
+        CHECK(ddk_get_motion_region_sensitivity(NULL) == 0);
+        CHECK(ddk_get_motion_region_mask(NULL, &mask, &mask_size) == -1);
+        CHECK(mask == NULL && mask_size == 0);
+        CHECK(ddk_set_motion_region_dimensions(NULL, 0, 0, 1, 1, mask, 1) == -1);
+        CHECK(ddk_get_motion_region_coordinates(NULL, &x1, &x1, &x1, &x1) == -1 && x1 == 5);
+    }
+    CHECK(ddk_set_preset_vector_size(NULL, 3) == -1);
+    CHECK(ddk_set_preset_enabled(NULL, 0) == -1);
+    CHECK(ddk_set_tour_disabled(NULL, 0) == -1);
+    CHECK(ddk_set_timezone_name(NULL, NULL, 4) == -1);
+    CHECK(ddk_get_timezone_dstname(NULL) == NULL);
+    ddk_set_timezone_gmtoffset(NULL, -3600);
+    CHECK(ddk_get_timezone_gmtoffset(NULL) == 0);
 
     if (failures == 0) puts("c_api_check: all checks passed");
     return failures == 0 ? 0 : 1;

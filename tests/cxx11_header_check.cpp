@@ -42,6 +42,15 @@ int main() {
     audio["mic"].vbr = true;
     vantrel::AudioSource source = vantrel::AudioSource();
     if (!(copy == query) || !audio["mic"].bigEndian || source.level != 0) return 1;
-    std::puts(threw ? "cxx11_header_check: ok" : "cxx11_header_check: FAILED");
-    return threw ? 0 : 1;
+    // The event records: copyable, the sabotage rule built by the library.
+    const vantrel::SabotageEvent sabotage(1, 2, "a", "b");
+    vantrel::AnalyticsEvent analytics = sabotage;
+    vantrel::MotionEvent motion(3);
+    vantrel::MotionEvent motionCopy = motion;
+    const vantrel::DiagnosticsEvent diagnostics(1, 2, 3);
+    const bool events = analytics.ruleName == "Camera Sabotage" && motionCopy.value == 3 &&
+                        diagnostics.value == 3;
+    const bool ok = threw && events;
+    std::puts(ok ? "cxx11_header_check: ok" : "cxx11_header_check: FAILED");
+    return ok ? 0 : 1;
 }

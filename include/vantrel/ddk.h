@@ -18,6 +18,10 @@
 #include "vantrel/api/encoder_options.h"
 #include "vantrel/api/analytics_profiles.h"
 #include "vantrel/api/audio.h"
+#include "vantrel/api/signals.h"
+#include "vantrel/api/motion_regions.h"
+#include "vantrel/api/presets_tours.h"
+#include "vantrel/api/time_zone.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -32,6 +36,9 @@
 #include "vantrel/internal/profile_summary.h"
 #include "vantrel/model/audio_stream_configuration.h"
 #include "vantrel/model/audio_source.h"
+#include "vantrel/model/events.h"
+#include "vantrel/model/motion_detection_region.h"
+#include "vantrel/model/time_zone.h"
 #endif
 
 #endif

@@ -1,0 +1,59 @@
+// Enabled flags of presets and tours.
+#include "vantrel/api/presets_tours.h"
+
+#include <cstdint>
+
+#include "camera_handles.h"
+
+using namespace vantrel::ddk::internal;
+
+namespace {
+
+// n + 1 flags in 32-bit arithmetic; resize() keeps the head and adds false.
+template <class Handle>
+int resize_flags(Handle* handle, unsigned int n) {
+  return guarded(kFailed, kRejected, [&] {
+    auto& flags = unwrap(handle);
+    flags.resize(static_cast<std::uint32_t>(n + 1U));
+    return kOk;
+  });
+}
+
+// A null handle gives -1, an index not below the size -2 (from at()).
+template <class Handle>
+int set_flag(Handle* handle, unsigned int index, bool enabled) {
+  return guarded(kFailed, kRejected, [&] {
+    unwrap(handle).at(index) = enabled;
+    return kOk;
+  });
+}
+
+}  // namespace
+
+extern "C" {
+
+int ddk_set_preset_vector_size(PresetVectorHandle* presets, unsigned int n) {
+  return resize_flags(presets, n);
+}
+
+int ddk_set_preset_enabled(PresetVectorHandle* presets, unsigned int index) {
+  return set_flag(presets, index, true);
+}
+
+int ddk_set_preset_disabled(PresetVectorHandle* presets, unsigned int index) {
+  return set_flag(presets, index, false);
+}
+
+int ddk_set_tour_vector_size(TourVectorHandle* tours, unsigned int n) {
+  return resize_flags(tours, n);
+}
+
+int ddk_set_tour_enabled(TourVectorHandle* tours, unsigned int index) {
+  return set_flag(tours, index, true);
+}
+
+int ddk_set_tour_disabled(TourVectorHandle* tours, unsigned int index) {
+  return set_flag(tours, index, false);
+}
+
+}  // extern "C"
