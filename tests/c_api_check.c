@@ -87,6 +87,13 @@ static void on_diagnostics(void* context, const DDKDiagnosticsEventArg* event) {
 static void on_state(void* context, int enabled) { *(int*)context = *(int*)context * 10 + enabled; }
 static void on_refresh(void* context) { *(int*)context += 1; }
 
+/* A plug-in descriptor made of C functions, as a C host checks it. */
+static DDKPlugin* c_create(void) { return NULL; }
+static void c_destroy(DDKPlugin* plugin) { (void)plugin; }
+static DDKError* c_start(DDKPlugin* plugin, DDKServiceProvider* provider) { (void)plugin; (void)provider; return NULL; }
+static void c_stop(DDKPlugin* plugin) { (void)plugin; }
+static void* c_extension(DDKPlugin* plugin, int kind) { (void)plugin; (void)kind; return NULL; }
+
 int main(void) {
     int code = 11;
     int log_count = 0;
@@ -94,6 +101,7 @@ int main(void) {
     DDKServiceProvider table;
     PluginParameters list;
     DDKError* error;
+    DDKPluginDescriptor descriptor;
     ddk_bool flag = 1;
     EncodingType encoding = DDK_ENCODING_H264;
     unsigned int value = 0;
@@ -254,6 +262,23 @@ int main(void) {
     CHECK(ddk_get_timezone_dstname(NULL) == NULL);
     ddk_set_timezone_gmtoffset(NULL, -3600);
     CHECK(ddk_get_timezone_gmtoffset(NULL) == 0);
+    memset(&descriptor, 0, sizeof descriptor);
+    descriptor.abiVersion = DDK_PLUGIN_ABI_VERSION;
+    descriptor.size = sizeof descriptor;
+    descriptor.name = "c plug-in";
+    descriptor.extensionMask = 1u << DDK_EXTENSION_VIDEO;
+    descriptor.create = c_create;
+    descriptor.destroy = c_destroy;
+    descriptor.start = c_start;
+    descriptor.stop = c_stop;
+    descriptor.extension = c_extension;
+    CHECK(offsetof(DDKPluginDescriptor, abiVersion) == 0);
+    CHECK(DDK_EXTENSION_COUNT == 9);
+    CHECK(strcmp(DDK_PLUGIN_ENTRY_SYMBOL, "vantrel_ddk_plugin_entry") == 0);
+    CHECK(ddk_check_plugin_descriptor(&descriptor) == 0);
+    CHECK(ddk_check_plugin_descriptor(NULL) == -1);
+    descriptor.abiVersion = DDK_PLUGIN_ABI_VERSION + 1;
+    CHECK(ddk_check_plugin_descriptor(&descriptor) == -2);
 
     if (failures == 0) puts("c_api_check: all checks passed");
     return failures == 0 ? 0 : 1;

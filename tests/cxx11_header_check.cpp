@@ -11,9 +11,33 @@
 
 namespace {
 struct Plugin : vantrel::ddk::IPlugin {};
+
+// The entry-point templates instantiated by a C++11 plug-in with two extensions.
+struct Camera : vantrel::ddk::IVideoExtension, vantrel::ddk::IDeviceManagementExtension {
+    DDKError* videoStreams(const char*, VideoStreamConfigurationsHandle*) const override { return nullptr; }
+    DDKError* videoPresets(const char*, VideoStreamPresetsHandle*) const override { return nullptr; }
+    DDKError* applyVideoStream(const char*, VideoStreamConfigurationHandle*) override { return nullptr; }
+    DDKError* applyVideoPreset(const char*, const char*) override { return nullptr; }
+    DDKError* encoderOptions(const char*, VideoOptionsQueryHandle*, EncoderOptionsHandle*) const override { return nullptr; }
+    DDKError* analyticsProfiles(const char*, VideoAnalyticsProfilesHandle*) const override { return nullptr; }
+    DDKError* activateAnalyticsProfile(const char*, int) override { return nullptr; }
+    DDKError* reboot(const char*) override { return nullptr; }
+    DDKError* factoryReset(const char*, ddk_bool) override { return nullptr; }
+    DDKError* networkAddresses(const char*, NetworkAddressCollectionHandle*) const override { return nullptr; }
+    DDKError* setNetworkAddresses(const char*, NetworkAddressCollectionHandle*) override { return nullptr; }
+};
 }  // namespace
 
+VANTREL_DDK_PLUGIN(Camera, "c++11 camera")
+
 int main() {
+    const DDKPluginDescriptor* descriptor = vantrel_ddk_plugin_entry(DDK_PLUGIN_ABI_VERSION);
+    if (descriptor == nullptr || ddk_check_plugin_descriptor(descriptor) != 0) return 1;
+    DDKPlugin* camera = descriptor->create();
+    if (vantrel::ddk::find_extension<vantrel::ddk::IVideoExtension>(*descriptor, camera) == nullptr) return 1;
+    if (descriptor->start(camera, nullptr) != nullptr) return 1;
+    descriptor->stop(camera);
+    descriptor->destroy(camera);
     Plugin plugin;
     if (plugin.init(nullptr) != nullptr) return 1;
     plugin.shutdown();

@@ -22,6 +22,7 @@
 #include "vantrel/api/motion_regions.h"
 #include "vantrel/api/presets_tours.h"
 #include "vantrel/api/time_zone.h"
+#include "vantrel/extensions/plugin_entry.h"
 
 #ifdef __cplusplus
 #include "vantrel/model/invalid_handle_exception.h"
@@ -39,6 +40,15 @@
 #include "vantrel/model/events.h"
 #include "vantrel/model/motion_detection_region.h"
 #include "vantrel/model/time_zone.h"
+#include "vantrel/extensions/alarm_extension.h"
+#include "vantrel/extensions/device_info_extension.h"
+#include "vantrel/extensions/device_management_extension.h"
+#include "vantrel/extensions/image_settings_extension.h"
+#include "vantrel/extensions/media_session_extension.h"
+#include "vantrel/extensions/script_control_extension.h"
+#include "vantrel/extensions/time_management_extension.h"
+#include "vantrel/extensions/video_extension.h"
+#include "vantrel/extensions/zoom_extension.h"
 #endif
 
 #endif
