@@ -12,7 +12,7 @@ namespace {
 // n + 1 flags in 32-bit arithmetic; resize() keeps the head and adds false.
 template <class Handle>
 int resize_flags(Handle* handle, unsigned int n) {
-  return guarded(kFailed, kRejected, [&] {
+  return guarded(kFailed, [&] {
     auto& flags = unwrap(handle);
     flags.resize(static_cast<std::uint32_t>(n + 1U));
     return kOk;
