@@ -2,14 +2,12 @@
 //
 // Every signal finds its callback first and builds its record only when the
 // host wants the notification. The records are moved into the callback's
-// parameter, which cannot throw, so the only exception that can leave a signal
-// is the host callback's own: it belongs to the host and the plug-in and
-// passes back to the signalling plug-in. An allocation failure while the
-// record is built is not the host's: like any other failure inside the
-// library it stays behind the C boundary, and the notification is dropped.
+// parameter, which cannot throw. Two exceptions may leave a signal, both to
+// the plug-in that signalled, which is C++ like the host: the host
+// callback's own, and std::bad_alloc when the sabotage record's texts cannot
+// be made (then the host is not called).
 #include "vantrel/api/signals.h"
 
-#include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -35,16 +33,6 @@ namespace {
 template <class Callback>
 Callback callback_of(const DDKServiceProvider* provider, Callback DDKServiceProvider::*field) {
   return provider != nullptr ? provider->*field : nullptr;
-}
-
-// The record `build` makes, or nothing when making it fails.
-template <class Build>
-std::optional<std::invoke_result_t<Build&>> build_or_drop(Build&& build) noexcept {
-  try {
-    return std::optional<std::invoke_result_t<Build&>>(build());
-  } catch (...) {
-    return std::nullopt;
-  }
 }
 
 std::string text_or_empty(const char* text) { return text != nullptr ? std::string(text) : std::string(); }
@@ -100,11 +88,9 @@ void ddk_signal_sabotage_event(DDKServiceProvider* provider, const char* text2,
                                unsigned int value1, unsigned int value2, const char* text1) {
   auto callback = callback_of(provider, &DDKServiceProvider::analyticsCallback);
   if (callback == nullptr) return;
-  auto event = build_or_drop(
-      [&] { return SabotageEvent(value1, value2, text_or_empty(text1), text_or_empty(text2)); });
-  if (!event) return;
+  SabotageEvent event(value1, value2, text_or_empty(text1), text_or_empty(text2));
   // Moving slices: the host receives an AnalyticsEvent, not a SabotageEvent.
-  callback(provider->analyticsContext, std::move(*event));
+  callback(provider->analyticsContext, std::move(event));
 }
 
 void ddk_signal_motion_detected(DDKServiceProvider* provider, unsigned int value,
