@@ -8,19 +8,22 @@
 #include "media_handles.h"
 
 using namespace vantrel::ddk::internal;
-using vantrel::InvalidHandleException;
 
 extern "C" {
 
 int ddk_append_network_address(NetworkAddressCollectionHandle* addresses, int32_t type,
                                const char* text, unsigned int length) {
   // A null collection gives -1; every other failure, growing included, -2.
-  return guarded_except<InvalidHandleException>(kRejected, kFailed, [&] {
-    auto& records = unwrap(addresses);
+  // The collection is tested before the barrier: when memory runs out, even
+  // the handle exception cannot be built, and its std::bad_alloc would read
+  // as a refused address.
+  auto* records = record_of(addresses);
+  if (records == nullptr) return kFailed;
+  return guarded(kRejected, [&] {
     std::string address = vantrel::create_std_string(text, length);
     if (address.empty()) return kRejected;
     // Leaves the vector as it was when growing fails (the move cannot throw).
-    records.emplace_back(type, std::move(address));
+    records->emplace_back(type, std::move(address));
     return kOk;
   });
 }

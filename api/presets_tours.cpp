@@ -20,11 +20,16 @@ int resize_flags(Handle* handle, unsigned int n) {
   return kOk;
 }
 
-// A null handle gives -1, an index not below the size -2 (from at()).
+// A null handle gives -1, an index not below the size -2. The index is
+// tested here rather than by at(): when memory runs out, the out-of-range
+// exception cannot be built, and the std::bad_alloc in its place would read
+// as -1.
 template <class Handle>
 int set_flag(Handle* handle, unsigned int index, bool enabled) {
-  return guarded(kFailed, kRejected, [&] {
-    unwrap(handle).at(index) = enabled;
+  return guarded(kFailed, [&] {
+    auto& flags = unwrap(handle);
+    if (index >= flags.size()) return kRejected;
+    flags[index] = enabled;
     return kOk;
   });
 }

@@ -19,16 +19,23 @@ void IAlarmExtension::signalAlarm(const AlarmEvent& event) {
   }
   // Only the host's callback is guarded; a throwing log callback passes, as
   // it does from ddk_log itself.
+  const char* line = "Unknown error occurred while generating alarm event";
   std::string failure;
   try {
     provider->alarmCallback(provider->alarmContext, event);
     return;
   } catch (const std::exception& e) {
-    failure = std::string("Failed to generate alarm event: ") + e.what();
+    line = "Failed to generate alarm event: ";
+    // Out of memory, the line goes without the host's text rather than
+    // letting std::bad_alloc out of an operation nothing may leave.
+    try {
+      failure = std::string(line) + e.what();
+      line = failure.c_str();
+    } catch (...) {
+    }
   } catch (...) {
-    failure = "Unknown error occurred while generating alarm event";
   }
-  ddk_log(provider, DDK_LOG_LEVEL_ERROR, failure.c_str());
+  ddk_log(provider, DDK_LOG_LEVEL_ERROR, line);
 }
 
 }  // namespace vantrel::ddk

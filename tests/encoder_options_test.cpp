@@ -275,6 +275,11 @@ TEST(VideoOptionsQuery, EqualityRules) {
   landscape2.setResolution(640, 480);
   EXPECT_FALSE(landscape == portrait);
   EXPECT_TRUE(landscape == landscape2);
+  // The height counts on its own: same width, other height.
+  VideoOptionsQuery lower;
+  lower.setResolution(640, 360);
+  EXPECT_FALSE(landscape == lower);
+  EXPECT_FALSE(lower == landscape);
   landscape2.setEncodingType(DDK_ENCODING_H265);
   landscape.setEncodingType(DDK_ENCODING_H264);
   EXPECT_FALSE(landscape == landscape2);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "failing_allocator.h"
+#include "oom_cases.h"
 #include "vantrel/ddk.h"
 
 namespace {
@@ -140,6 +141,17 @@ TEST(OutOfMemory, InitNeverStartsWhenTheHookThrows) {
     EXPECT_STREQ(error->message, "the sensor did not answer");
     ddk_free_error(error);
   }
+}
+
+// Null handles give their own failure value whatever allocation fails.
+TEST(OutOfMemory, NullHandlesKeepTheirFailureValue) {
+  const oom_cases::NullCase cases[] = {
+      {"set string", -1, [] { return ddk_set_string(nullptr, kLong.data(), 50); }},
+      {"append string", -1, [] { return ddk_append_string(nullptr, kLong.data(), 50); }},
+      {"prepend string", -1, [] { return ddk_prepend_string(nullptr, kLong.data(), 50); }},
+      {"string at", 0, [] { return ddk_get_string_at(nullptr, 3) == nullptr ? 0 : 1; }},
+  };
+  oom_cases::expect_null_cases(cases);
 }
 
 }  // namespace

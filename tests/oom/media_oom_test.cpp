@@ -1,16 +1,15 @@
-// Whichever allocation fails inside the media session families, a call
-// either completes or gives its failure value and leaves the record or the
-// collection as it was.
+// Whichever allocation fails inside the media session families, once or from
+// then on, a call either completes or gives its failure value and leaves the
+// record or the collection as it was.
 #include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "no_memory.h"
+#include "oom_cases.h"
 #include "vantrel/ddk.h"
 
-using testing_support::without_memory;
 using vantrel::MediaSession;
 using vantrel::NetworkAddress;
 using vantrel::ddk::internal::StreamConnectionInfo;
@@ -20,35 +19,24 @@ namespace {
 // Longer than any short-string buffer, so building it must allocate.
 const std::string kLong = "video/" + std::string(60, 'x');
 const std::string kOld = "old/" + std::string(60, 'o');
-constexpr long kEnough = 8;
-
-template <class Record>
-std::vector<Record> full_vector(std::vector<Record> v) {
-  v.shrink_to_fit();
-  EXPECT_EQ(v.capacity(), v.size());
-  return v;
-}
-
-// `attempt(allowed)` returns true when its call completed; false when it
-// failed and left everything as it was. Each failure point is tried.
-template <class Attempt>
-void expect_all_or_nothing(const char* what, Attempt attempt) {
-  EXPECT_FALSE(attempt(0)) << what << ": must allocate";
-  for (long allowed = 1; allowed < kEnough; ++allowed) attempt(allowed);
-  EXPECT_TRUE(attempt(kEnough)) << what;
-}
 
 template <class Record, class Handle, class Add>
 void expect_append_all_or_nothing(const char* what, std::string Record::*text, Add add) {
-  expect_all_or_nothing(what, [&](long allowed) {
-    auto records = full_vector(std::vector<Record>(2));
-    records[0].*text = kOld;
-    Handle* added = without_memory([&] { return add(records); }, allowed);
-    if (added != nullptr) return records.size() == 3 && added == reinterpret_cast<Handle*>(&records[2]);
-    EXPECT_EQ(records.size(), 2u) << what;
-    EXPECT_EQ(records[0].*text, kOld) << what;
-    return false;
-  });
+  std::vector<Record> records;
+  Handle* added = nullptr;
+  oom_cases::expect_all_or_nothing(
+      what,
+      [&] {
+        records = oom_cases::full_vector(std::vector<Record>(2));
+        records[0].*text = kOld;
+      },
+      [&] { return (added = add(records)) != nullptr; },
+      [&] {
+        EXPECT_EQ(records.size(), 2u) << what;
+        EXPECT_EQ(records[0].*text, kOld) << what;
+      });
+  ASSERT_EQ(records.size(), 3u) << what;
+  EXPECT_EQ(added, reinterpret_cast<Handle*>(&records[2])) << what;
 }
 
 TEST(MediaAllocationFailure, Appends) {
@@ -61,33 +49,40 @@ TEST(MediaAllocationFailure, Appends) {
         return ddk_add_stream_connection_info(reinterpret_cast<StreamConnectionInfosHandle*>(&v));
       });
   for (const std::string& text : {std::string("10.0.0.1"), kLong}) {
-    expect_all_or_nothing("network address", [&](long allowed) {
-      auto addresses = full_vector(std::vector<NetworkAddress>{{1, kOld}});
-      auto* h = reinterpret_cast<NetworkAddressCollectionHandle*>(&addresses);
-      const auto length = static_cast<unsigned>(text.size());
-      const int result =
-          without_memory([&] { return ddk_append_network_address(h, 2, text.c_str(), length); }, allowed);
-      if (result == 0) return addresses.size() == 2 && addresses[1].address == text;
-      EXPECT_EQ(result, -2);
-      EXPECT_EQ(addresses.size(), 1u);
-      EXPECT_EQ(addresses[0].address, kOld);
-      return false;
-    });
+    std::vector<NetworkAddress> addresses{{0, ""}};
+    int result = 0;
+    oom_cases::expect_all_or_nothing(
+        "network address", [&] { addresses = oom_cases::full_vector(std::vector<NetworkAddress>{{1, kOld}}); },
+        [&] {
+          result = ddk_append_network_address(reinterpret_cast<NetworkAddressCollectionHandle*>(&addresses), 2,
+                                              text.c_str(), static_cast<unsigned>(text.size()));
+          return result == 0;
+        },
+        [&] {
+          EXPECT_EQ(result, -2);
+          ASSERT_EQ(addresses.size(), 1u);
+          EXPECT_EQ(addresses[0].address, kOld);
+        });
+    ASSERT_EQ(addresses.size(), 2u);
+    EXPECT_EQ(addresses[1].address, text);
+    EXPECT_EQ(addresses[1].type, 2);
   }
 }
 
 // `set(record, text)` calls one text setter; a failure must leave the field.
 template <class Record, class Set>
 void expect_text_all_or_nothing(std::string Record::*field, Set set) {
-  expect_all_or_nothing("text setter", [&](long allowed) {
-    Record record;
-    record.*field = kOld;
-    const int result = without_memory([&] { return set(record, kLong); }, allowed);
-    if (result == 0) return record.*field == kLong;
-    EXPECT_EQ(result, -1);
-    EXPECT_EQ(record.*field, kOld);
-    return false;
-  });
+  Record record;
+  int result = 0;
+  oom_cases::expect_all_or_nothing(
+      // A fresh buffer just big enough for the old text: the new one must allocate.
+      "text setter", [&] { std::string(kOld).swap(record.*field); },
+      [&] { return (result = set(record, kLong)) == 0; },
+      [&] {
+        EXPECT_EQ(result, -1);
+        EXPECT_EQ(record.*field, kOld);
+      });
+  EXPECT_EQ(record.*field, kLong);
 }
 
 TEST(MediaAllocationFailure, TextSetters) {
@@ -115,6 +110,29 @@ TEST(MediaAllocationFailure, TextSetters) {
                      static_cast<unsigned>(text.size()));
     });
   }
+}
+
+// A null handle keeps its own failure value when memory is short, although
+// the handle exception cannot be built then.
+TEST(MediaAllocationFailure, NullHandlesKeepTheirFailureValue) {
+  const oom_cases::NullCase cases[] = {
+      {"append network address", -1, [] { return ddk_append_network_address(nullptr, 1, "10.0.0.1", 8); }},
+      {"network address type", -1,
+       [] {
+         int32_t type = 0;
+         return ddk_get_network_address_type(nullptr, &type);
+       }},
+      {"stream connection type", -1, [] { return ddk_set_stream_connection_info_type(nullptr, 1); }},
+      {"stream connection url", -1, [] { return ddk_set_stream_connection_info_url(nullptr, kLong.c_str(), 60); }},
+      {"stream connection token", -1,
+       [] { return ddk_set_stream_connection_info_token(nullptr, kLong.c_str(), 60); }},
+      {"stream connection media type", -1,
+       [] { return ddk_set_stream_connection_info_mime_type(nullptr, kLong.c_str(), 60); }},
+      {"stream connection at", 0,
+       [] { return ddk_get_stream_connection_info_at(nullptr, 0) == nullptr ? 0 : 1; }},
+      {"network address at", 0, [] { return ddk_get_network_address_at(nullptr, 0) == nullptr ? 0 : 1; }},
+  };
+  oom_cases::expect_null_cases(cases);
 }
 
 }  // namespace

@@ -2,10 +2,13 @@
 // wants, and an allocation failure while a record is built never escapes.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <new>
+#include <stdexcept>
 #include <string>
 
 #include "failing_allocator.h"
+#include "support/stub_extensions.h"
 #include "vantrel/ddk.h"
 
 namespace {
@@ -138,3 +141,59 @@ TEST(SignalsOutOfMemory, MotionTextThatCannotBeCopiedArrivesEmpty) {
 }
 
 }  // namespace
+
+// signalAlarm: nothing but the log callback's own exception leaves it, even
+// when the failure line cannot be composed.
+namespace alarm_cases {
+
+const std::string kWhat(100, 'w');
+struct LogSeen {
+  int lines = 0;
+  int level = 0;
+  bool full = false, prefixOnly = false, unknown = false, badAlloc = false;
+};
+
+void on_log(void* context, int level, const char* message) {
+  auto& seen = *static_cast<LogSeen*>(context);
+  const char* prefix = "Failed to generate alarm event: ";
+  const std::size_t n = std::strlen(prefix);
+  ++seen.lines;
+  seen.level = level;
+  seen.prefixOnly = std::strcmp(message, prefix) == 0;
+  seen.full = std::strncmp(message, prefix, n) == 0 && message + n == kWhat;
+  seen.badAlloc = std::strncmp(message, prefix, n) == 0 && std::strcmp(message + n, std::bad_alloc().what()) == 0;
+  seen.unknown = std::strcmp(message, "Unknown error occurred while generating alarm event") == 0;
+}
+
+using Alarms = testing_support::StubAlarm;
+
+TEST(SignalAllocationFailure, SignalAlarmNeverLetsAllocationFailuresOut) {
+  LogSeen seen;
+  DDKServiceProvider table{};
+  table.alarmCallback = [](void*, AlarmEvent) { throw std::runtime_error(kWhat); };
+  table.logCallback = &on_log;
+  table.logContext = &seen;
+  Alarms plugin;
+  ddk_free_error(plugin.init(&table));
+  for (oom::Mode mode : kModes) {
+    bool escaped = false;
+    oom::for_each_failure(
+        mode, [&] { seen = LogSeen(); escaped = false; },
+        [&] {
+          try {
+            plugin.signalAlarm(AlarmEvent{1, 2, 1, 0});
+          } catch (...) {
+            escaped = true;
+          }
+        },
+        [&](std::size_t k) {
+          EXPECT_FALSE(escaped) << "k=" << k;
+          EXPECT_EQ(seen.lines, 1) << "k=" << k;
+          EXPECT_EQ(seen.level, DDK_LOG_LEVEL_ERROR);
+          EXPECT_TRUE(seen.full || seen.prefixOnly || seen.badAlloc || seen.unknown) << "k=" << k;
+        });
+    EXPECT_TRUE(seen.full);
+  }
+}
+
+}  // namespace alarm_cases
