@@ -82,15 +82,15 @@ std::string multicastGroup(const char* streamToken) {
 }  // namespace
 
 SimCam::SimCam() {
-    for (const SourceSpec& spec : kSources) {
-        SourceState& s = sources_[spec.token];
-        s.magnification = spec.magnification;
-        s.presetsInUse.assign(spec.presetCount, false);
-        for (std::size_t i = 0; i < spec.presetsInUseCount; ++i) {
-            s.presetsInUse[spec.presetsInUse[i]] = true;
+    for (const SourceSpec& desc : kSources) {
+        SourceState& s = sources_[desc.token];
+        s.magnification = desc.magnification;
+        s.presetsInUse.assign(desc.presetCount, false);
+        for (std::size_t i = 0; i < desc.presetsInUseCount; ++i) {
+            s.presetsInUse[desc.presetsInUse[i]] = true;
         }
-        for (std::size_t i = 0; i < spec.regionCount; ++i) {
-            const RegionSpec& r = spec.regions[i];
+        for (std::size_t i = 0; i < desc.regionCount; ++i) {
+            const RegionSpec& r = desc.regions[i];
             MotionDetectionRegion region(r.enabled, r.sensitivity, r.threshold, r.x1, r.y1, r.x2, r.y2);
             if (r.masked) {
                 // A checkerboard: every other macro block takes part.
@@ -119,10 +119,10 @@ int SimCam::lastScript(const std::string& source) const {
 
 void SimCam::log(const std::string& line) const { ddk_log(host(), 1, ("simcam: " + line).c_str()); }
 
-DDKError* SimCam::findSource(const char* token, const SourceSpec*& spec) const {
+DDKError* SimCam::findSource(const char* token, const SourceSpec*& desc) const {
     for (const SourceSpec& s : kSources) {
         if (token != nullptr && std::strcmp(s.token, token) == 0) {
-            spec = &s;
+            desc = &s;
             return nullptr;
         }
     }

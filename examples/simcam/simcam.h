@@ -194,9 +194,9 @@ private:
     void log(const std::string& line) const;
 
     // Null and the source's state, or an error record for an unknown token.
-    DDKError* findSource(const char* token, const SourceSpec*& spec) const;
-    SourceState& state(const SourceSpec& spec) { return sources_.at(spec.token); }
-    const SourceState& state(const SourceSpec& spec) const { return sources_.at(spec.token); }
+    DDKError* findSource(const char* token, const SourceSpec*& desc) const;
+    SourceState& state(const SourceSpec& desc) { return sources_.at(desc.token); }
+    const SourceState& state(const SourceSpec& desc) const { return sources_.at(desc.token); }
     static const StreamSpec* findStream(const char* token, const SourceSpec** owner = nullptr);
     DDKError* level(const char* token, Level SourceState::*which, int& value) const;
     DDKError* setLevel(const char* token, Level SourceState::*which, int value);

@@ -105,12 +105,12 @@ TEST(Report, JsonFiguresMatchTheSampleCamera) {
     for (const simcam::SourceSpec& s : simcam::kSources) tokens.push_back(s.token);
     EXPECT_EQ(report["video"]["sources"].get<std::vector<std::string>>(), tokens);
 
-    for (const simcam::SourceSpec& spec : simcam::kSources) {
-        SCOPED_TRACE(spec.token);
-        const Json& s = source(report, spec.token);
-        ASSERT_EQ(s["streams"].size(), spec.streamCount);
-        for (std::size_t i = 0; i < spec.streamCount; ++i) {
-            const simcam::StreamSpec& want = spec.streams[i];
+    for (const simcam::SourceSpec& desc : simcam::kSources) {
+        SCOPED_TRACE(desc.token);
+        const Json& s = source(report, desc.token);
+        ASSERT_EQ(s["streams"].size(), desc.streamCount);
+        for (std::size_t i = 0; i < desc.streamCount; ++i) {
+            const simcam::StreamSpec& want = desc.streams[i];
             bool found = false;
             for (const Json& got : s["streams"]) {
                 if (got["key"] != want.token) continue;
@@ -131,13 +131,13 @@ TEST(Report, JsonFiguresMatchTheSampleCamera) {
         // Presets: the main stream at the full and at a quarter bit rate.
         ASSERT_EQ(s["presets"].size(), 2u);
         EXPECT_EQ(s["presets"][0]["name"], "full quality");
-        EXPECT_EQ(s["presets"][1]["streams"][0]["bitrate"], spec.streams[0].bitrate / 4);
+        EXPECT_EQ(s["presets"][1]["streams"][0]["bitrate"], desc.streams[0].bitrate / 4);
 
         std::set<int> encodings;
         std::set<std::pair<unsigned, unsigned>> resolutions;
-        for (std::size_t i = 0; i < spec.modeCount; ++i) {
-            encodings.insert(spec.modes[i].encoding);
-            resolutions.insert({spec.modes[i].width, spec.modes[i].height});
+        for (std::size_t i = 0; i < desc.modeCount; ++i) {
+            encodings.insert(desc.modes[i].encoding);
+            resolutions.insert({desc.modes[i].width, desc.modes[i].height});
         }
         const Json& options = s["encoderOptions"];
         EXPECT_EQ(encodingsOf(options), std::vector<int>(encodings.begin(), encodings.end()));
@@ -145,31 +145,31 @@ TEST(Report, JsonFiguresMatchTheSampleCamera) {
         EXPECT_EQ(options["signing"], true);
         EXPECT_EQ(options["gopRange"]["high"], 300);
 
-        ASSERT_EQ(s["analyticsProfiles"].size(), spec.profileCount);
-        for (std::size_t i = 0; i < spec.profileCount; ++i) {
-            EXPECT_EQ(s["analyticsProfiles"][i]["id"], spec.profiles[i].id);
-            EXPECT_EQ(s["analyticsProfiles"][i]["name"], spec.profiles[i].name);
+        ASSERT_EQ(s["analyticsProfiles"].size(), desc.profileCount);
+        for (std::size_t i = 0; i < desc.profileCount; ++i) {
+            EXPECT_EQ(s["analyticsProfiles"][i]["id"], desc.profiles[i].id);
+            EXPECT_EQ(s["analyticsProfiles"][i]["name"], desc.profiles[i].name);
         }
 
-        const Json& regions = report["alarm"]["motionRegions"][spec.token];
-        ASSERT_EQ(regions.size(), spec.regionCount);
-        for (std::size_t i = 0; i < spec.regionCount; ++i) {
-            const simcam::RegionSpec& r = spec.regions[i];
+        const Json& regions = report["alarm"]["motionRegions"][desc.token];
+        ASSERT_EQ(regions.size(), desc.regionCount);
+        for (std::size_t i = 0; i < desc.regionCount; ++i) {
+            const simcam::RegionSpec& r = desc.regions[i];
             EXPECT_EQ(regions[i]["x2"], r.x2);
             EXPECT_EQ(regions[i]["threshold"], r.threshold);
             EXPECT_EQ(regions[i]["maskBytes"], r.masked ? regions[i]["maskBytesExpected"].get<unsigned>() : 0u);
         }
 
-        const Json& zoom = report["zoom"][spec.token];
-        EXPECT_EQ(zoom["factors"]["first"], spec.zoomFactor);
-        EXPECT_EQ(zoom["magnification"], spec.magnification);
+        const Json& zoom = report["zoom"][desc.token];
+        EXPECT_EQ(zoom["factors"]["first"], desc.zoomFactor);
+        EXPECT_EQ(zoom["magnification"], desc.magnification);
         // A magnification m stands for m x F hundredths, F = first/100 x 100/100.
-        EXPECT_EQ(zoom["hundredthsX"], spec.magnification == 0 ? 100u : spec.magnification * spec.zoomFactor / 100);
+        EXPECT_EQ(zoom["hundredthsX"], desc.magnification == 0 ? 100u : desc.magnification * desc.zoomFactor / 100);
 
-        const Json& presets = report["scriptControl"][spec.token]["presets"];
-        EXPECT_EQ(presets["numbers"], spec.presetCount);
+        const Json& presets = report["scriptControl"][desc.token]["presets"];
+        EXPECT_EQ(presets["numbers"], desc.presetCount);
         EXPECT_EQ(presets["enabled"].get<std::vector<unsigned>>(),
-                  std::vector<unsigned>(spec.presetsInUse, spec.presetsInUse + spec.presetsInUseCount));
+                  std::vector<unsigned>(desc.presetsInUse, desc.presetsInUse + desc.presetsInUseCount));
     }
 
     const Json& media = report["mediaSession"];
