@@ -929,20 +929,14 @@ DDKError* SimCam::gotoPreset(const char* token, unsigned int preset) {
 }
 
 DDKError* SimCam::savePreset(const char* token, unsigned int preset) {
-    const SourceSpec* source = nullptr;
-    if (DDKError* e = findSource(token, source)) {
-        return e;
-    }
-    std::lock_guard<std::mutex> lock(mutex_);
-    std::vector<bool>& inUse = state(*source).presetsInUse;
-    if (preset >= inUse.size()) {
-        return error(kInvalidArgument, "preset numbers go up to " + std::to_string(inUse.size() - 1));
-    }
-    inUse[preset] = true;
-    return nullptr;
+    return markPreset(token, preset, true);
 }
 
 DDKError* SimCam::removePreset(const char* token, unsigned int preset) {
+    return markPreset(token, preset, false);
+}
+
+DDKError* SimCam::markPreset(const char* token, unsigned int preset, bool inUseNow) {
     const SourceSpec* source = nullptr;
     if (DDKError* e = findSource(token, source)) {
         return e;
@@ -952,7 +946,7 @@ DDKError* SimCam::removePreset(const char* token, unsigned int preset) {
     if (preset >= inUse.size()) {
         return error(kInvalidArgument, "preset numbers go up to " + std::to_string(inUse.size() - 1));
     }
-    inUse[preset] = false;
+    inUse[preset] = inUseNow;
     return nullptr;
 }
 

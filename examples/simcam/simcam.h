@@ -195,6 +195,8 @@ private:
 
     // Null and the source's state, or an error record for an unknown token.
     DDKError* findSource(const char* token, const SourceSpec*& desc) const;
+    // Saving and removing a preset differ only in the flag they leave.
+    DDKError* markPreset(const char* token, unsigned int preset, bool inUseNow);
     SourceState& state(const SourceSpec& desc) { return sources_.at(desc.token); }
     const SourceState& state(const SourceSpec& desc) const { return sources_.at(desc.token); }
     static const StreamSpec* findStream(const char* token, const SourceSpec** owner = nullptr);
