@@ -34,8 +34,9 @@ unsigned int ddk_get_network_address_collection_size(NetworkAddressCollectionHan
 
 NetworkAddressHandle* ddk_get_network_address_at(NetworkAddressCollectionHandle* addresses,
                                                  unsigned int index) {
-  return guarded(static_cast<NetworkAddressHandle*>(nullptr),
-                 [&] { return wrap(element_at(unwrap(addresses), index)); });
+  auto* records = record_of(addresses);
+  if (records == nullptr) return invalid_handle_failure<NetworkAddressHandle*>(nullptr);
+  return wrap(element_at(*records, index));
 }
 
 const char* ddk_get_network_address(NetworkAddressHandle* address) {

@@ -61,8 +61,9 @@ unsigned int ddk_get_stream_connection_infos_size(StreamConnectionInfosHandle* i
 
 StreamConnectionInfoHandle* ddk_get_stream_connection_info_at(StreamConnectionInfosHandle* infos,
                                                               unsigned int index) {
-  return guarded(static_cast<StreamConnectionInfoHandle*>(nullptr),
-                 [&] { return wrap(element_at(unwrap(infos), index)); });
+  auto* records = record_of(infos);
+  if (records == nullptr) return invalid_handle_failure<StreamConnectionInfoHandle*>(nullptr);
+  return wrap(element_at(*records, index));
 }
 
 int ddk_set_stream_connection_info_transmission_mode(StreamConnectionInfoHandle* info, int32_t mode) {

@@ -29,6 +29,19 @@ auto element_at(Container& container, std::size_t index) noexcept -> decltype(&c
   return index < container.size() ? &container[index] : nullptr;
 }
 
+// The answer of a throw-and-catch call to a null handle: raises
+// InvalidHandleException and catches it, as guarded() would around unwrap().
+// Out of line and reached by a tail call, so a call whose own work cannot
+// throw keeps no stack frame on its common path.
+template <class Result>
+[[gnu::cold, gnu::noinline]] Result invalid_handle_failure(Result failure) noexcept {
+  try {
+    throw_invalid_handle();
+  } catch (...) {
+  }
+  return failure;
+}
+
 // Status vocabulary of the C boundary.
 inline constexpr int kOk = 0;
 inline constexpr int kFailed = -1;    // null handle, or anything caught inside
