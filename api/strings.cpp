@@ -53,8 +53,7 @@ unsigned int ddk_get_string_list_size(StringListHandle* list) {
 const char* ddk_get_string_at(StringListHandle* list, unsigned int index) {
   auto* strings = record_of(list);
   if (strings == nullptr) return invalid_handle_failure<const char*>(nullptr);
-  const std::string* string = element_at(*strings, index);
-  return string != nullptr ? string->c_str() : nullptr;
+  return index < strings->size() ? (*strings)[index].c_str() : nullptr;
 }
 
 }  // extern "C"
