@@ -755,28 +755,28 @@ DDKError* SimCam::setMotionRegions(const char* sourceToken, MotionDetectionRegio
 }
 
 DDKError* SimCam::enableMotionDetection(const char* sourceToken) {
-    const SourceSpec* source = nullptr;
-    if (DDKError* e = findSource(sourceToken, source)) {
-        return e;
-    }
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        state(*source).motionDetection = true;
-    }
-    ddk_signal_motion_detection_enabled(host());
-    return nullptr;
+    return switchMotionDetection(sourceToken, true);
 }
 
 DDKError* SimCam::disableMotionDetection(const char* sourceToken) {
+    return switchMotionDetection(sourceToken, false);
+}
+
+DDKError* SimCam::switchMotionDetection(const char* sourceToken, bool on) {
     const SourceSpec* source = nullptr;
     if (DDKError* e = findSource(sourceToken, source)) {
         return e;
     }
     {
         std::lock_guard<std::mutex> lock(mutex_);
-        state(*source).motionDetection = false;
+        state(*source).motionDetection = on;
     }
-    ddk_signal_motion_detection_disabled(host());
+    // The host hears of the change after the lock is released: its callback may call back in.
+    if (on) {
+        ddk_signal_motion_detection_enabled(host());
+    } else {
+        ddk_signal_motion_detection_disabled(host());
+    }
     return nullptr;
 }
 

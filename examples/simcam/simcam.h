@@ -197,6 +197,8 @@ private:
     DDKError* findSource(const char* token, const SourceSpec*& desc) const;
     // Saving and removing a preset differ only in the flag they leave.
     DDKError* markPreset(const char* token, unsigned int preset, bool inUseNow);
+    // Enabling and disabling motion detection differ only in the state and the signal.
+    DDKError* switchMotionDetection(const char* sourceToken, bool on);
     SourceState& state(const SourceSpec& desc) { return sources_.at(desc.token); }
     const SourceState& state(const SourceSpec& desc) const { return sources_.at(desc.token); }
     static const StreamSpec* findStream(const char* token, const SourceSpec** owner = nullptr);
