@@ -326,13 +326,14 @@ TEST(SimCamEvents, ThreadRunsFromStartToStop) {
     IDeviceInfoExtension& info = camera;
     expectOk(media.disableAudio(simcam::kAudioSource));
     expectOk(alarm.disableMotionDetection("video0"));
+    expectOk(alarm.enableMotionDetection("video0"));
     expectOk(info.setDeviceName("0", "Gate"));
     part.shutdown();
     const std::size_t stopped = host.seen().size();
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     const std::vector<std::string> seen = host.seen();
     EXPECT_EQ(seen.size(), stopped);
-    for (const char* kind : {"audio off", "detection off", "refresh"}) {
+    for (const char* kind : {"audio off", "detection off", "detection on", "refresh"}) {
         EXPECT_NE(std::find(seen.begin(), seen.end(), kind), seen.end()) << kind;
     }
     EXPECT_EQ(host.logs.front(), "simcam: connected to the simulated device");
