@@ -51,7 +51,7 @@ def mutants():
                 for name, pattern, repl in OPERATORS:
                     for m in re.finditer(pattern, code):
                         new = line[:m.start()] + re.sub(pattern, repl, m.group(0)) + line[m.end():]
-                        found.append((path, n, name, new))
+                        found.append((path, n, f"{name} (column {m.start() + 1})", new))
                 s = STATEMENT.match(code)
                 if s and not code.strip().startswith("return"):
                     found.append((path, n, "statement removed", s.group(1) + ";\n"))
